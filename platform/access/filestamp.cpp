@@ -1,0 +1,157 @@
+// SPDX-FileCopyrightText: 2026 The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/access/filestamp.h"
+
+#include "platform/access/collation.h"
+#include "platform/access/engineerror.h"
+#include "platform/access/likepattern.h"
+
+#include <QCryptographicHash>
+#include <QRandomGenerator>
+
+#include <SQLiteCpp/Database.h>
+#include <SQLiteCpp/Column.h>
+#include <SQLiteCpp/Statement.h>
+#include <SQLiteCpp/Transaction.h>
+#include <sqlite3.h>
+
+namespace dbaccess {
+
+namespace {
+
+constexpr int applicationId = 0x546f7661; // "Tova"
+constexpr int formatVersion = 1;
+
+// The engine's own table, beside those of the program.
+constexpr char createProperties[]
+    = "create table sys_properties(property text primary key, content text not null) "
+      "without rowid";
+
+std::string_view textOf(sqlite3_value *value)
+{
+    const auto *text = reinterpret_cast<const char *>(sqlite3_value_text(value));
+    return text ? std::string_view(text, static_cast<std::size_t>(sqlite3_value_bytes(value)))
+                : std::string_view();
+}
+
+int collate(void *, int lengthA, const void *a, int lengthB, const void *b)
+{
+    return compareTexts({static_cast<const char *>(a), static_cast<std::size_t>(lengthA)},
+                        {static_cast<const char *>(b), static_cast<std::size_t>(lengthB)});
+}
+
+/// like(pattern, text): what the engine calls for "text like pattern".
+void like(sqlite3_context *context, int, sqlite3_value **arguments)
+{
+    if (sqlite3_value_type(arguments[0]) == SQLITE_NULL
+        || sqlite3_value_type(arguments[1]) == SQLITE_NULL) {
+        sqlite3_result_null(context);
+        return;
+    }
+    const auto *pattern = static_cast<const LikePattern *>(sqlite3_get_auxdata(context, 0));
+    if (!pattern) {
+        // The engine keeps the pattern for the rows to come, or deletes it at once if it can't.
+        auto *fresh = new LikePattern(textOf(arguments[0]));
+        const bool matches = fresh->matches(textOf(arguments[1]));
+        sqlite3_set_auxdata(context, 0, fresh,
+                            [](void *kept) { delete static_cast<LikePattern *>(kept); });
+        sqlite3_result_int(context, matches ? 1 : 0);
+        return;
+    }
+    sqlite3_result_int(context, pattern->matches(textOf(arguments[1])) ? 1 : 0);
+}
+
+std::string property(SQLite::Database &database, const char *name)
+{
+    SQLite::Statement query(database, "select content from sys_properties where property = ?");
+    query.bind(1, name);
+    return query.executeStep() ? query.getColumn(0).getString() : std::string();
+}
+
+void setProperty(SQLite::Database &database, const char *name, const QByteArray &content)
+{
+    SQLite::Statement statement(database,
+                                "insert or replace into sys_properties(property, content) "
+                                "values(?, ?)");
+    statement.bind(1, name);
+    statement.bind(2, content.toStdString());
+    statement.exec();
+}
+
+QByteArray hashOf(const QByteArray &salt, const QString &password)
+{
+    return QCryptographicHash::hash(QByteArray(salt + password.toUtf8()), QCryptographicHash::Sha256).toHex();
+}
+
+QByteArray freshSalt()
+{
+    QByteArray salt(16, '\0');
+    QRandomGenerator::system()->generate(salt.begin(), salt.end());
+    return salt.toHex();
+}
+
+int pragma(SQLite::Database &database, const char *name)
+{
+    return database.execAndGet(std::string("pragma ") + name).getInt();
+}
+
+} // namespace
+
+void registerFunctions(SQLite::Database &database)
+{
+    sqlite3 *const handle = database.getHandle();
+    constexpr int traits = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
+    database.check(sqlite3_create_collation_v2(handle, collationName, SQLITE_UTF8, nullptr, collate,
+                                               nullptr));
+    database.check(sqlite3_create_function_v2(handle, "like", 2, traits, nullptr, like, nullptr,
+                                              nullptr, nullptr));
+}
+
+void stampNewFile(SQLite::Database &database, const Account &account)
+{
+    database.exec("pragma application_id = " + std::to_string(applicationId));
+    database.exec("pragma user_version = " + std::to_string(formatVersion));
+    database.exec(createProperties);
+    const QByteArray salt = freshSalt();
+    setProperty(database, "user", account.user.toUtf8());
+    setProperty(database, "salt", salt);
+    setProperty(database, "password", hashOf(salt, account.password));
+    setProperty(database, "collation", collationVersion().toUtf8());
+}
+
+void verifyFile(SQLite::Database &database)
+{
+    using Reason = EngineError::Reason;
+    if (pragma(database, "application_id") != applicationId)
+        throw EngineError(Reason::NotADatabase,
+                          QStringLiteral("The file is not a database of this program."));
+    if (pragma(database, "user_version") > formatVersion)
+        throw EngineError(Reason::NotADatabase,
+                          QStringLiteral("The database was written by a newer version of this "
+                                         "program."));
+}
+
+void verifyAccount(SQLite::Database &database, const Account &account)
+{
+    const QByteArray salt = QByteArray::fromStdString(property(database, "salt"));
+    const QByteArray expected = QByteArray::fromStdString(property(database, "password"));
+    const QString user = QString::fromStdString(property(database, "user"));
+    const bool isUser = user.compare(account.user, Qt::CaseInsensitive) == 0;
+    if (!isUser || expected != hashOf(salt, account.password))
+        throw EngineError(EngineError::Reason::AccessDenied,
+                          QStringLiteral("Not a valid user name or password."));
+}
+
+void refreshCollation(SQLite::Database &database)
+{
+    const QByteArray current = collationVersion().toUtf8();
+    if (property(database, "collation") == current.toStdString())
+        return;
+    SQLite::Transaction transaction(database);
+    database.exec(std::string("reindex ") + collationName);
+    setProperty(database, "collation", current);
+    transaction.commit();
+}
+
+} // namespace dbaccess
