@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#include "layout/basapi.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+namespace basAPI {
+
+void GetScreenResolution(std::int16_t &outWidth, std::int16_t &outHeight)
+{
+    const QScreen *screen = QGuiApplication::primaryScreen();
+    const QSize size = screen ? screen->size() : QSize();
+    outWidth = static_cast<std::int16_t>(size.width());
+    outHeight = static_cast<std::int16_t>(size.height());
+}
+
+} // namespace basAPI

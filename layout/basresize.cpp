@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#include "layout/basresize.h"
+
+#include "platform/grid/celltext.h"
+#include "platform/grid/flexgrid.h"
+#include "platform/grid/redrawlock.h"
+
+#include <QFontMetrics>
+#include <QScreen>
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace basResize {
+
+void CentreForm(QWidget &inpForm)
+{
+    const QScreen *screen = inpForm.screen();
+    if (!screen)
+        return;
+    const QSize free = screen->size() - inpForm.size();
+    inpForm.move(free.width() / 2, free.height() / 2);
+}
+
+void FitGridRows(grid::FlexGrid &inpGrid, int inpFirst, int inpLast)
+{
+    const int first = std::max(inpFirst, 1);
+    const int last = inpLast < 0 ? inpGrid.rowCount() - 1 : inpLast;
+    if (first > last)
+        return;
+    const grid::RedrawLock lock(&inpGrid);
+    const QFontMetrics formMetrics(inpGrid.window()->font());
+    const int padding
+        = static_cast<int>(std::lround(formMetrics.boundingRect(QStringLiteral("Wg")).height() / 5.0));
+    std::vector<int> heights;
+    for (int row = first; row <= last; ++row) {
+        int height = 0;
+        for (int column = 0; column < inpGrid.columnCount(); ++column)
+            height = CellTextHeight(inpGrid, row, column, height);
+        heights.push_back(height + padding);
+    }
+    inpGrid.setRowPixelHeights(first, heights);
+}
+
+int CellTextHeight(const grid::FlexGrid &inpGrid, int inpRow, int inpColumn, int inpHeight)
+{
+    const QString text = inpGrid.text(inpRow, inpColumn);
+    const int width = inpGrid.columnPixelWidth(inpColumn) - inpGrid.cellTextMargin();
+    // A column that is as good as hidden has nothing to wrap.
+    if (text.isEmpty() || width <= 0)
+        return inpHeight;
+    const QFont font = inpGrid.cellFont(inpRow, inpColumn);
+    const QFontMetrics metrics(font);
+    // A text narrower than its column needs no wrapping to be measured.
+    if (metrics.horizontalAdvance(text) <= width)
+        return std::max(inpHeight, metrics.height());
+    return std::max(inpHeight, grid::wrappedTextHeight(text, font, width));
+}
+
+} // namespace basResize

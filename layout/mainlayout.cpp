@@ -1,0 +1,222 @@
+// SPDX-FileCopyrightText: 2026 The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#include "layout/mainlayout.h"
+
+#include "layout/twips.h"
+
+#include <QWidget>
+
+#include <algorithm>
+
+namespace layout {
+
+namespace {
+
+// A row of controls is 360 twips (24 pixels) high; 15 twips make a pixel at 96 dots per inch.
+constexpr Placement designed[] = {
+    {"tabInfo", 0, 0, 11700, 8100},
+    {"fraInfo_0", 60, 60, 11500, 7530},
+    {"fraInfo_1", 60, 60, 11500, 7530},
+    {"fraInfo_2", 60, 60, 11500, 7530},
+    {"fraInfo_3", 60, 60, 11500, 7530},
+    {"fraInfo_4", 60, 60, 11500, 7530},
+    {"fraInfo_5", 60, 60, 11500, 7530},
+
+    {"dhtmThings", 90, 90, 11310, 7300},
+    {"dhtmPopular", 90, 90, 11310, 7300},
+    {"dhtmHelp", 90, 90, 11310, 7300},
+
+    {"fraSearch", 90, 0, 11310, 6150},
+    {"fraSearchSorting", 120, 330, 11070, 825},
+    {"fraListDesc", 0, 0, 4050, 375},
+    {"optList_0", 0, 0, 1185, 375},
+    {"optList_1", 1200, 0, 1440, 375},
+    {"optList_2", 2670, 0, 1260, 375},
+    {"cboAlphabet", 0, 450, 750, 375},
+    {"fraListGender", 855, 450, 2265, 375},
+    {"optList1_0", 0, 0, 690, 375},
+    {"optList1_1", 735, 0, 660, 375},
+    {"optList1_2", 1440, 0, 765, 375},
+    {"cmdList", 3180, 450, 750, 375},
+    {"linCriteria", 4080, 0, 30, 825},
+    {"lblSearchName", 4260, 0, 870, 375},
+    {"txtSearchName", 5130, 0, 1530, 375},
+    {"cboNameCondition", 6735, 0, 1515, 375},
+    {"lblOrigin", 8370, 0, 690, 375},
+    {"cboOrigin", 9060, 0, 2010, 375},
+    {"lblMeaning", 4260, 450, 870, 375},
+    {"txtMeaning", 5130, 450, 1530, 375},
+    {"optSearch_0", 6735, 450, 690, 375},
+    {"optSearch_1", 7470, 450, 660, 375},
+    {"optSearch_2", 8175, 450, 765, 375},
+    {"chkSelected", 9060, 450, 1125, 375},
+    {"cmdSearch", 10170, 450, 900, 375},
+    {"msSearchList", 120, 1200, 11070, 4845},
+
+    {"lblRecStatus", 150, 6240, 2700, 360},
+    {"lblPage", 4350, 6240, 2400, 360},
+    {"lblRecSelected", 7200, 6240, 900, 360},
+    {"lblLRecSelected", 8160, 6240, 1800, 360},
+    {"lblHint", 120, 6690, 11250, 810},
+
+    {"lblTopNNote", 150, 150, 11100, 360},
+    {"lblWorksheetNote", 150, 600, 11100, 1200},
+
+    {"lblVersion", 150, 75, 6000, 360},
+    {"lblTerms", 6300, 75, 5040, 360},
+    {"dhtmlAbout", 90, 510, 11310, 6880},
+};
+
+using Kind = Measure::Kind;
+
+constexpr Measure keep {};
+
+constexpr Measure fixedAt(int twips)
+{
+    return {Kind::Fixed, twips};
+}
+
+constexpr Measure grownBy(int twips)
+{
+    return {Kind::Grow, twips};
+}
+
+constexpr Measure widthOf(std::string_view control, int more = 0)
+{
+    return {Kind::WidthOf, more, control};
+}
+
+constexpr Measure heightOf(std::string_view control, int more = 0)
+{
+    return {Kind::HeightOf, more, control};
+}
+
+constexpr Measure topOf(std::string_view control)
+{
+    return {Kind::TopOf, 0, control};
+}
+
+/// A control that only gets a place of its own.
+constexpr Change at(std::string_view control, int left, int top, int width, int height)
+{
+    return {control, fixedAt(left), fixedAt(top), fixedAt(width), fixedAt(height)};
+}
+
+constexpr Change large[] = {
+    {"tabInfo", keep, keep, fixedAt(15000), fixedAt(11000)},
+    {"fraInfo_0", keep, keep, fixedAt(14800), fixedAt(10500)},
+    {"fraInfo_1", keep, keep, fixedAt(14800), fixedAt(10500)},
+    {"fraInfo_2", keep, keep, fixedAt(14800), fixedAt(10500)},
+    {"fraInfo_3", keep, keep, fixedAt(14800), fixedAt(10500)},
+    {"fraInfo_4", keep, keep, fixedAt(14800), fixedAt(10500)},
+    {"fraInfo_5", keep, keep, fixedAt(14800), fixedAt(10500)},
+    {"dhtmThings", keep, keep, fixedAt(14600), fixedAt(10000)},
+    {"dhtmPopular", keep, keep, widthOf("dhtmThings"), heightOf("dhtmThings")},
+    {"dhtmHelp", keep, keep, widthOf("dhtmThings"), heightOf("dhtmThings")},
+    {"fraSearch", keep, keep, widthOf("dhtmThings"), heightOf("dhtmThings", -1750)},
+    {"fraSearchSorting", keep, keep, widthOf("dhtmThings"), keep},
+    {"msSearchList", keep, keep, widthOf("fraSearch", -240), heightOf("dhtmThings", -3000)},
+    {"lblRecSelected", fixedAt(9990), grownBy(2200), keep, keep},
+    {"lblPage", fixedAt(6100), topOf("lblRecSelected"), keep, keep},
+    {"lblLRecSelected", fixedAt(10950), topOf("lblRecSelected"), keep, keep},
+    {"lblRecStatus", keep, topOf("lblRecSelected"), keep, keep},
+    {"lblHint", keep, fixedAt(8910), widthOf("dhtmThings"), fixedAt(1350)},
+
+    // The criteria spread over the wider frame.
+    {"linCriteria", fixedAt(4290), keep, keep, keep},
+    {"lblSearchName", fixedAt(4560), keep, keep, keep},
+    {"lblMeaning", fixedAt(4560), keep, keep, keep},
+    {"txtSearchName", fixedAt(5460), keep, fixedAt(2700), keep},
+    {"txtMeaning", fixedAt(5460), keep, fixedAt(2700), keep},
+    {"cboNameCondition", fixedAt(8265), keep, fixedAt(2160), keep},
+    {"lblOrigin", fixedAt(10680), keep, keep, keep},
+    {"cboOrigin", fixedAt(11400), keep, fixedAt(2940), keep},
+    {"optSearch_0", fixedAt(8265), keep, keep, keep},
+    {"optSearch_1", fixedAt(9000), keep, keep, keep},
+    {"optSearch_2", fixedAt(9705), keep, keep, keep},
+    {"chkSelected", fixedAt(11400), keep, keep, keep},
+    {"cmdSearch", fixedAt(13140), keep, fixedAt(1200), keep},
+
+    {"dhtmlAbout", keep, keep, widthOf("dhtmThings"), heightOf("dhtmThings", -420)},
+    {"lblTerms", fixedAt(9600), keep, keep, keep},
+};
+
+constexpr Change small[] = {
+    {"tabInfo", keep, keep, fixedAt(9400), fixedAt(6300)},
+    at("fraInfo_0", 30, 0, 9200, 5900),
+    at("fraInfo_1", 30, 0, 9200, 5900),
+    at("fraInfo_2", 30, 0, 9200, 5900),
+    at("fraInfo_3", 30, 0, 9200, 5900),
+    at("fraInfo_4", 30, 0, 9200, 5900),
+    at("fraInfo_5", 30, 0, 9200, 5900),
+    {"dhtmThings", keep, keep, fixedAt(9000), fixedAt(5500)},
+    {"dhtmPopular", keep, keep, widthOf("dhtmThings"), heightOf("dhtmThings")},
+    {"dhtmHelp", keep, keep, widthOf("dhtmThings"), heightOf("dhtmThings")},
+    at("fraSearch", 0, 0, 9180, 5340),
+    at("fraSearchSorting", 90, 330, 9000, 2400),
+    at("msSearchList", 90, 2800, 9000, 2500),
+
+    // The list on the left, the search on the right, a row for each kind of criteria.
+    at("fraListDesc", 0, 0, 1530, 1260),
+    at("optList_0", 0, 0, 1440, 375),
+    at("optList_1", 0, 420, 1530, 375),
+    at("optList_2", 0, 840, 1440, 375),
+    at("fraListGender", 1620, 0, 840, 1260),
+    at("optList1_0", 0, 0, 825, 375),
+    at("optList1_1", 0, 420, 825, 375),
+    at("optList1_2", 0, 840, 825, 375),
+    at("cboAlphabet", 0, 1980, 1140, 375),
+    at("cmdList", 1290, 1980, 1140, 375),
+    at("linCriteria", 2730, 0, 30, 2400),
+    at("lblSearchName", 2940, 0, 900, 375),
+    at("txtSearchName", 3840, 0, 3210, 375),
+    at("cboNameCondition", 7140, 0, 1860, 375),
+    at("lblMeaning", 2940, 495, 900, 375),
+    at("txtMeaning", 3840, 495, 5160, 375),
+    at("lblOrigin", 2940, 990, 900, 375),
+    at("cboOrigin", 3840, 990, 3210, 375),
+    at("optSearch_0", 3840, 1485, 750, 375),
+    at("optSearch_1", 4740, 1485, 750, 375),
+    at("optSearch_2", 5640, 1485, 825, 375),
+    at("chkSelected", 7140, 1485, 1260, 375),
+    at("cmdSearch", 7140, 1980, 1860, 375),
+
+    at("lblRecStatus", 90, 5400, 2550, 345),
+    at("lblPage", 3000, 5400, 2100, 345),
+    at("lblRecSelected", 5340, 5400, 600, 345),
+    at("lblLRecSelected", 6000, 5400, 1650, 345),
+    at("lblHint", 0, 0, 0, 0),
+
+    at("lblTopNNote", 150, 150, 8800, 360),
+    at("lblWorksheetNote", 150, 600, 8800, 1200),
+    at("lblVersion", 150, 60, 4200, 345),
+    at("lblTerms", 4500, 60, 4500, 345),
+    at("dhtmlAbout", 90, 420, 9000, 5170),
+};
+
+} // namespace
+
+std::vector<Placement> mainWindowPlacements(ScreenClass screenClass)
+{
+    switch (screenClass) {
+    case ScreenClass::Large:
+        return changed(designed, large);
+    case ScreenClass::Small:
+        return changed(designed, small);
+    case ScreenClass::Designed:
+        break;
+    }
+    return changed(designed, {});
+}
+
+void layOutMainWindow(QWidget &window)
+{
+    const std::vector<Placement> placements = mainWindowPlacements(currentScreenClass());
+    place(window, placements);
+    const auto tabs
+        = std::ranges::find(placements, std::string_view("tabInfo"), &Placement::control);
+    window.setFixedSize(pixelsFromTwips(tabs->width), pixelsFromTwips(tabs->height));
+}
+
+} // namespace layout
