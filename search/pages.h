@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QString>
+
+#include <cstdint>
+
+namespace search {
+
+/// Rows on a full page. The queries hold the same number as a literal.
+inline constexpr int pageSize = 100;
+
+/// Page and row numbers are 16-bit whole numbers; what goes beyond them is an overflow.
+/// @throws std::overflow_error
+std::int16_t to16Bit(qint64 number);
+
+/// How many pages a number of names fills: 0 for none, 1 for up to 100, 2 for 101.
+/// @throws std::overflow_error
+std::int16_t pageCount(qint64 names);
+
+/// The number within the whole browse of a page's row, pages and rows counted from 1.
+/// @throws std::overflow_error
+std::int16_t rowNumber(std::int16_t page, int row);
+
+/// "Page 2 of 7"
+QString pageLabel(std::int16_t page, std::int16_t pages);
+
+} // namespace search

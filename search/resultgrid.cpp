@@ -1,0 +1,108 @@
+// SPDX-FileCopyrightText: 2026 The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#include "search/resultgrid.h"
+
+#include "platform/grid/flexgrid.h"
+#include "search/pages.h"
+
+#include <QPainter>
+#include <QPainterPath>
+#include <QWidget>
+
+namespace search {
+
+namespace {
+
+constexpr int tickSize = 15; // device-independent pixels
+
+QPixmap drawTick(const QWidget &widget, bool isTicked)
+{
+    const qreal ratio = widget.devicePixelRatioF();
+    QPixmap picture(QSize(tickSize, tickSize) * ratio);
+    picture.setDevicePixelRatio(ratio);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+
+    const QPalette &palette = widget.palette();
+    const QRectF box(1.5, 1.5, tickSize - 3, tickSize - 3);
+    const QColor accent = palette.color(QPalette::Active, QPalette::Highlight);
+    const QColor ink = palette.color(QPalette::Active, QPalette::Text);
+    painter.setPen(QPen(isTicked ? accent : QColor(ink.red(), ink.green(), ink.blue(), 150), 1.2));
+    painter.setBrush(isTicked ? accent : palette.color(QPalette::Active, QPalette::Base));
+    painter.drawRoundedRect(box, 2.5, 2.5);
+    if (isTicked) {
+        QPainterPath tick(QPointF(4.2, 7.8));
+        tick.lineTo(6.6, 10.2);
+        tick.lineTo(10.9, 4.9);
+        painter.setPen(QPen(palette.color(QPalette::Active, QPalette::HighlightedText), 1.8,
+                            Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawPath(tick);
+    }
+    return picture;
+}
+
+} // namespace
+
+TickPictures drawTickPictures(const QWidget &widget)
+{
+    return {drawTick(widget, true), drawTick(widget, false)};
+}
+
+QString resultFormat()
+{
+    const auto blanks = [](int count) { return QString(count, u' '); };
+    return u"^No" % blanks(7) % u"|<First Char|<Name" % blanks(28) % u"|<Boy/Girl|<Origin"
+        % blanks(28) % u"|<Meaning" % blanks(106) % u"|<Select" % blanks(6);
+}
+
+void formatPage(grid::FlexGrid &page)
+{
+    page.setStretchColumn(MeaningColumn);
+    page.setFormatString(resultFormat());
+    clearPage(page);
+    // The meaning keeps at least three sevenths of what the three columns of text share.
+    const int shared = page.columnPixelWidth(NameColumn) + page.columnPixelWidth(OriginColumn)
+        + page.columnPixelWidth(MeaningColumn);
+    const int narrow = shared * 2 / 7;
+    for (const int column : {NameColumn, OriginColumn}) {
+        if (page.columnPixelWidth(column) > narrow)
+            page.setColumnPixelWidth(column, narrow);
+    }
+}
+
+void clearPage(grid::FlexGrid &page)
+{
+    page.setColumnCount(ResultColumnCount);
+    page.setRowCount(1);
+    page.setColumnPixelWidth(FirstLetterColumn, 1);
+}
+
+void appendRecords(grid::FlexGrid &page, dbaccess::Recordset &records, std::int16_t pageNumber)
+{
+    for (; !records.isAtEnd(); records.moveNext()) {
+        QString line = QString::number(rowNumber(pageNumber, page.rowCount()));
+        for (const QStringView name : {u"name_first", u"name_desc", u"name_sex", u"org_desc",
+                                       u"meaning_name", u"name_select"})
+            line += u'\t' % records.text(name);
+        page.addItem(line);
+    }
+}
+
+void markFromDatabase(grid::FlexGrid &page, const TickPictures &pictures)
+{
+    for (int row = 1; row < page.rowCount(); ++row)
+        setTick(page, row, page.text(row, TickColumn) == u"Y", pictures);
+}
+
+void setTick(grid::FlexGrid &page, int row, bool isTicked, const TickPictures &pictures)
+{
+    page.setText(row, TickColumn, isTicked ? QStringLiteral("_") : QString());
+    page.setPicture(row, TickColumn, isTicked ? pictures.checked : pictures.unchecked);
+    page.setAccessibleText(row, TickColumn,
+                           isTicked ? QStringLiteral("ticked") : QStringLiteral("not ticked"));
+}
+
+} // namespace search
