@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: 2026 The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QStringView>
+
+/// The page files in the program's folder, each with the separator that leads to it.
+namespace pagefiles {
+
+inline constexpr QStringView things = u"\\things.htm";
+inline constexpr QStringView popular = u"\\popular.htm";
+inline constexpr QStringView help = u"\\tovarinhelp.htm";
+inline constexpr QStringView terms = u"\\terms.htm";
+inline constexpr QStringView about = u"\\about.htm";
+
+} // namespace pagefiles
