@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: 2026 The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QApplication>
+
+#include <functional>
+
+/// The application object. It is the one that catches what no event handler did: it tells the
+/// user, and ends the program. What was saved stays saved.
+class Application final : public QApplication
+{
+    Q_OBJECT
+
+public:
+    Application(int &argc, char **argv);
+
+    bool notify(QObject *receiver, QEvent *event) override;
+
+    /// Runs the start procedure and then the event loop, and returns the program's exit code.
+    int run(const std::function<void()> &start);
+
+private:
+    /// Calls the function; answers the exit code if it threw, else nothing.
+    static std::optional<int> exitCodeOf(const std::function<void()> &function);
+};

@@ -1,0 +1,155 @@
+// SPDX-FileCopyrightText: 2026 The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#include "app/frminfo.h"
+
+#include "db/basdatabase.h"
+#include "db/bastovarin.h"
+#include "layout/basresize.h"
+#include "layout/mainlayout.h"
+#include "platform/browser/browserpane.h"
+#include "platform/dialogs/messagebox.h"
+#include "reports/aboutframe.h"
+#include "reports/pagefiles.h"
+#include "search/searchframe.h"
+
+#include <QCloseEvent>
+#include <QLabel>
+#include <QShortcut>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr QStringView helpKeyOfTab = u"H";
+
+QString setting(QStringView column)
+{
+    return basDatabase::GetFieldValue(u"select " % column % u" from tblsetup ");
+}
+
+} // namespace
+
+frmInfo::frmInfo()
+    : m_tabs(new QTabWidget(this))
+    , m_things(new browser::BrowserPane)
+    , m_popular(new browser::BrowserPane)
+    , m_help(new browser::BrowserPane)
+    , m_search(new search::SearchFrame)
+    , m_topNNote(new QLabel)
+    , m_about(new AboutFrame)
+    , m_helpKey(new QShortcut(Qt::Key_F1, this))
+{
+    setObjectName(QStringLiteral("frmInfo"));
+    setWindowTitle(QStringLiteral("Tovarin Names Dictionary"));
+    setUpTabs();
+    connect(m_helpKey, &QShortcut::activated, this, &frmInfo::helpRequested);
+    connect(m_about, &AboutFrame::termsRequested, this, &frmInfo::termsRequested);
+    load();
+    connect(m_tabs, &QTabWidget::currentChanged, this, &frmInfo::tabClicked);
+}
+
+void frmInfo::setUpTabs()
+{
+    m_tabs->setObjectName(QStringLiteral("tabInfo"));
+    m_tabs->setAccessibleName(QStringLiteral("Pages"));
+    addTab(ThingsTab, QStringLiteral("Things to Consider"), QStringLiteral("T"),
+           makePageFrame(ThingsTab, m_things, QStringLiteral("dhtmThings"),
+                         QStringLiteral("Things to consider")));
+    addTab(PopularTab, QStringLiteral("Popular"), QStringLiteral("P"),
+           makePageFrame(PopularTab, m_popular, QStringLiteral("dhtmPopular"),
+                         QStringLiteral("Popular names")));
+    addTab(SearchTab, QStringLiteral("Search"), QStringLiteral("S"), m_search);
+    addTab(WorksheetTab, QStringLiteral("Worksheet"), QStringLiteral("W"), makeWorksheetFrame());
+    addTab(HelpTab, QStringLiteral("Help"), QStringLiteral("H"),
+           makePageFrame(HelpTab, m_help, QStringLiteral("dhtmHelp"), QStringLiteral("Help")));
+    addTab(AboutTab, QStringLiteral("About"), QStringLiteral("A"), m_about);
+}
+
+void frmInfo::addTab(Tab tab, const QString &caption, const QString &key, QWidget *frame)
+{
+    // The strip sizes its pages itself; the frame inside has the size that the layout gives it.
+    auto *page = new QWidget;
+    frame->setParent(page);
+    const int index = m_tabs->addTab(page, caption);
+    Q_ASSERT(index == tab);
+    m_tabs->tabBar()->setTabData(index, key);
+}
+
+QWidget *frmInfo::makePageFrame(Tab tab, browser::BrowserPane *pane, const QString &paneName,
+                                const QString &accessibleName)
+{
+    auto *frame = new QWidget;
+    frame->setObjectName(QStringLiteral("fraInfo_%1").arg(tab));
+    pane->setParent(frame);
+    pane->setObjectName(paneName);
+    pane->setAccessibleName(accessibleName);
+    return frame;
+}
+
+QWidget *frmInfo::makeWorksheetFrame()
+{
+    auto *frame = new QWidget;
+    frame->setObjectName(QStringLiteral("fraInfo_%1").arg(WorksheetTab));
+    m_topNNote->setParent(frame);
+    m_topNNote->setObjectName(QStringLiteral("lblTopNNote"));
+    auto *note = new QLabel(
+        QStringLiteral("Ranking your favourites and trying out full names is not part of this "
+                       "version yet."),
+        frame);
+    note->setObjectName(QStringLiteral("lblWorksheetNote"));
+    note->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    note->setWordWrap(true);
+    return frame;
+}
+
+void frmInfo::load()
+{
+    m_search->InitialiseNameCondition();
+    m_tabs->setCurrentIndex(ThingsTab);
+    basDatabase::OpenDatabase();
+    m_search->InitialiseOrigin();
+    m_search->InitialiseOptions();
+    m_topN = QString::number(basDatabase::NumericValue(setting(u"topn")));
+    m_search->InitialiseAlphabet();
+    m_maxSelect = setting(u"maxselect");
+    setWindowTitle(windowTitle() % u' ' % setting(u"versionno"));
+
+    const QString folder = basTovarin::ProgramFolder();
+    m_popular->navigate(folder % pagefiles::popular);
+    m_help->navigate(folder % pagefiles::help);
+    m_things->navigate(folder % pagefiles::things);
+
+    m_search->ClearPageLabel();
+    m_search->RefreshSelectCount();
+    layout::layOutMainWindow(*this);
+    basResize::CentreForm(*this);
+}
+
+QString frmInfo::selectedKey() const
+{
+    return m_tabs->tabBar()->tabData(m_tabs->currentIndex()).toString().toUpper();
+}
+
+void frmInfo::tabClicked()
+{
+    const QString key = selectedKey();
+    // On the Help tab itself F1 is left to whatever has the focus.
+    m_helpKey->setEnabled(key != helpKeyOfTab);
+    if (key == u"W")
+        m_topNNote->setText(u"Select your top " % m_topN % u" choices");
+    else if (key == u"A")
+        m_about->DisplayAbout();
+}
+
+void frmInfo::closeEvent(QCloseEvent *event)
+{
+    if (!dialogs::askYesNo(QStringLiteral("Are you sure you want to exit?"), windowTitle())) {
+        event->ignore();
+        return;
+    }
+    basDatabase::CloseDatabase();
+    event->accept();
+    Q_EMIT unloaded();
+}

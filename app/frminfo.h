@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: 2026 The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QWidget>
+
+#include <array>
+
+class AboutFrame;
+class QLabel;
+class QShortcut;
+class QTabWidget;
+
+namespace browser {
+class BrowserPane;
+}
+
+namespace search {
+class SearchFrame;
+}
+
+/// The main window: six tabs, each showing its frame.
+class frmInfo final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// Opens the database, which then stays open until the window is closed.
+    /// @throws ProgramEnd if it can't be opened
+    frmInfo();
+
+Q_SIGNALS:
+    void helpRequested();
+    void termsRequested();
+    /// The user has confirmed leaving; the database is closed.
+    void unloaded();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    /// A tab's place on the strip is also the index of its frame.
+    enum Tab { ThingsTab, PopularTab, SearchTab, WorksheetTab, HelpTab, AboutTab, TabCount };
+
+    void setUpTabs();
+    void addTab(Tab tab, const QString &caption, const QString &key, QWidget *frame);
+    QWidget *makePageFrame(Tab tab, browser::BrowserPane *pane, const QString &paneName,
+                           const QString &accessibleName);
+    QWidget *makeWorksheetFrame();
+    void load();
+    void tabClicked();
+    QString selectedKey() const;
+
+    QTabWidget *m_tabs; ///< tabInfo
+    browser::BrowserPane *m_things; ///< dhtmThings
+    browser::BrowserPane *m_popular; ///< dhtmPopular
+    browser::BrowserPane *m_help; ///< dhtmHelp
+    search::SearchFrame *m_search;
+    QLabel *m_topNNote; ///< lblTopNNote
+    AboutFrame *m_about;
+    QShortcut *m_helpKey;
+
+    QString m_topN; ///< how many names are ranked, as the text of a whole number
+    QString m_maxSelect; ///< how many names one should tick at most
+};

@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#include "app/frmsplash.h"
+
+#include "db/basdatabase.h"
+#include "layout/basresize.h"
+#include "ui_frmsplash.h"
+
+#include <QCloseEvent>
+
+frmSplash::frmSplash()
+    : m_ui(std::make_unique<Ui::frmSplash>())
+{
+    m_ui->setupUi(this);
+    QPixmap picture(QStringLiteral(":/app/splash.png"));
+    picture.setDevicePixelRatio(2.0); // drawn at twice its size, for dense screens
+    m_ui->ImgImage->setPixmap(picture);
+
+    basDatabase::OpenDatabase();
+    m_ui->lblVersion->setText(basDatabase::VersionLine());
+    const QString version
+        = basDatabase::GetFieldValue(QStringLiteral("select versionno from tblsetup "));
+    setWindowTitle(windowTitle() % u' ' % version);
+
+    connect(m_ui->cmdOK, &QPushButton::clicked, this, &QWidget::close);
+    connect(m_ui->cmdExit, &QPushButton::clicked, qApp, &QCoreApplication::quit);
+    connect(m_ui->lblTerms, &LinkLabel::clicked, this, &frmSplash::termsRequested);
+    m_ui->cmdOK->setFocus();
+    setFixedSize(sizeHint());
+    basResize::CentreForm(*this);
+}
+
+frmSplash::~frmSplash() = default;
+
+void frmSplash::closeEvent(QCloseEvent *event)
+{
+    event->accept();
+    basDatabase::CloseDatabase();
+    Q_EMIT unloaded();
+}
