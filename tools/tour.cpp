@@ -1,0 +1,193 @@
+// SPDX-FileCopyrightText: 2026 The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+// tour PROGRAM-FOLDER PICTURE-FOLDER PREFIX
+//
+// Drives the program's own windows through a typical pass, as a person would with mouse and
+// keyboard, and leaves a picture of each step: PICTURE-FOLDER/PREFIX-01-splash.png and so on.
+
+#include "app/application.h"
+#include "app/program.h"
+#include "db/bastovarin.h"
+#include "platform/browser/browserpane.h"
+
+#include <QDir>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTabWidget>
+#include <QTest>
+#include <QTimer>
+
+#include <cstdio>
+
+namespace {
+
+constexpr int pageTimeout = 15000; // milliseconds until a page has to be shown
+
+class Tour
+{
+public:
+    Tour(const QString &pictures, const QString &prefix)
+        : m_pictures(pictures)
+        , m_prefix(prefix)
+    {
+    }
+
+    void run()
+    {
+        QWidget *splash = window("frmSplash");
+        takePicture(splash, "splash");
+        QTest::mouseClick(child(splash, "cmdOK"), Qt::LeftButton);
+
+        QWidget *main = window("frmInfo");
+        showPage(main, 0, "dhtmThings", "things");
+        showPage(main, 1, "dhtmPopular", "popular");
+        search(main);
+        tabs(main)->setCurrentIndex(3);
+        takePicture(main, "worksheet");
+        showPage(main, 4, "dhtmHelp", "help");
+        showPage(main, 5, "dhtmlAbout", "about");
+        showWindows(main);
+        leave(main);
+    }
+
+private:
+    [[noreturn]] static void fail(const QString &what)
+    {
+        std::fputs(qPrintable(QString(u"tour: " % what % u'\n')), stderr);
+        std::exit(1);
+    }
+
+    static QWidget *window(const char *name)
+    {
+        QWidget *found = nullptr;
+        const bool isShown = QTest::qWaitFor([&] {
+            for (QWidget *widget : QApplication::topLevelWidgets()) {
+                if (widget->objectName() == QLatin1String(name) && widget->isVisible())
+                    found = widget;
+            }
+            return found != nullptr;
+        });
+        if (!isShown || !QTest::qWaitForWindowExposed(found))
+            fail(QStringLiteral("the window %1 does not open").arg(QLatin1String(name)));
+        return found;
+    }
+
+    static QWidget *child(QWidget *parent, const char *name)
+    {
+        auto *found = parent->findChild<QWidget *>(QLatin1String(name));
+        if (!found)
+            fail(QStringLiteral("there is no control %1").arg(QLatin1String(name)));
+        return found;
+    }
+
+    static QTabWidget *tabs(QWidget *main)
+    {
+        return static_cast<QTabWidget *>(child(main, "tabInfo"));
+    }
+
+    void takePicture(QWidget *widget, const char *name)
+    {
+        const QString file = QStringLiteral("%1-%2-%3.png")
+                                 .arg(m_prefix)
+                                 .arg(++m_number, 2, 10, QLatin1Char('0'))
+                                 .arg(QLatin1String(name));
+        if (!widget->grab().save(QDir(m_pictures).filePath(file)))
+            fail(QStringLiteral("can't write %1").arg(file));
+        std::fprintf(stderr, "tour: %s\n", qPrintable(file));
+    }
+
+    /// Waits until the pane has loaded its page and has had the time to paint it.
+    static void waitForPage(browser::BrowserPane *pane)
+    {
+        QSignalSpy complete(pane, &browser::BrowserPane::documentComplete);
+        if (!complete.wait(pageTimeout))
+            fail(QStringLiteral("the page of %1 does not come").arg(pane->objectName()));
+        QTest::qWait(300);
+    }
+
+    static browser::BrowserPane *pane(QWidget *parent, const char *name)
+    {
+        return static_cast<browser::BrowserPane *>(child(parent, name));
+    }
+
+    void showPage(QWidget *main, int tab, const char *paneName, const char *name)
+    {
+        tabs(main)->setCurrentIndex(tab);
+        waitForPage(pane(main, paneName));
+        takePicture(main, name);
+    }
+
+    void search(QWidget *main)
+    {
+        tabs(main)->setCurrentIndex(2);
+        takePicture(main, "search-empty");
+        QTest::mouseClick(child(main, "cmdList"), Qt::LeftButton);
+        takePicture(main, "list");
+
+        auto *both = child(main, "optSearch_2");
+        QTest::mouseClick(both, Qt::LeftButton, {}, QPoint(8, both->height() / 2));
+        QTest::keyClick(child(main, "cboNameCondition"), Qt::Key_S); // Starts With
+        QWidget *name = child(main, "txtSearchName");
+        name->setFocus();
+        QTest::keyClicks(name, QStringLiteral("el"));
+        QTest::keyClick(name, Qt::Key_Return);
+        takePicture(main, "search");
+    }
+
+    void showWindows(QWidget *main)
+    {
+        QTest::mouseClick(child(main, "lblTerms"), Qt::LeftButton);
+        QWidget *terms = window("frmTerms");
+        waitForPage(pane(terms, "WebBrowser1"));
+        takePicture(terms, "terms");
+        QTest::mouseClick(child(terms, "cmdOK"), Qt::LeftButton);
+
+        main->activateWindow();
+        if (!QTest::qWaitForWindowActive(main))
+            fail(QStringLiteral("the main window does not come back to the front"));
+        QTest::keyClick(main, Qt::Key_F1);
+        QWidget *help = window("frmTovarinHelp");
+        waitForPage(pane(help, "WebBrowser1"));
+        takePicture(help, "help-window");
+        help->close();
+    }
+
+    void leave(QWidget *main)
+    {
+        QTimer::singleShot(200, main, [this] {
+            auto *question = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            if (!question)
+                fail(QStringLiteral("nobody asks before the program ends"));
+            takePicture(question, "leaving");
+            question->button(QMessageBox::Yes)->click();
+        });
+        main->close();
+    }
+
+    QString m_pictures;
+    QString m_prefix;
+    int m_number = 0;
+};
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    browser::prepareProcess();
+    Application application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() != 4) {
+        std::fputs("Usage: tour PROGRAM-FOLDER PICTURE-FOLDER PREFIX\n", stderr);
+        return 2;
+    }
+    basTovarin::SetProgramFolder(QDir(arguments[1]).absolutePath());
+    browser::setPageFolder(basTovarin::ProgramFolder());
+    Program program;
+    Tour tour(arguments[2], arguments[3]);
+    return application.run([&] {
+        program.start();
+        QTimer::singleShot(0, &application, [&tour] { tour.run(); });
+    });
+}
