@@ -1,0 +1,164 @@
+// SPDX-FileCopyrightText: 2026 The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/grid/comboeditor.h"
+#include "platform/grid/flexgrid.h"
+#include "platform/grid/griddelegate.h"
+
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QScopedValueRollback>
+
+namespace grid
+{
+
+/// The key's text if it is one that would be typed into an editor, else empty.
+static QString printableText(const QKeyEvent &event)
+{
+    const QString text = event.text();
+    const QList<uint> characters = text.toUcs4();
+    if (characters.isEmpty() || !QChar::isPrint(characters.front()))
+        return {};
+    // Both together are AltGr on some keyboards.
+    const Qt::KeyboardModifiers commands =
+            event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    const bool typing = !commands || commands == (Qt::ControlModifier | Qt::AltModifier);
+    return typing ? text : QString();
+}
+
+void FlexGrid::setComboList(const QString &items)
+{
+    m_comboList = items;
+}
+
+void FlexGrid::editCell(const QString &typed)
+{
+    if (m_startingEdit)
+        return;
+    commitEdit();
+    if (!isEditable() || m_redrawLocks > 0 || !currentIndex().isValid())
+        return;
+    {
+        const QScopedValueRollback starting(m_startingEdit, true);
+        Q_EMIT beforeEdit(currentRow(), currentCol());
+    }
+    const QModelIndex index = currentIndex();
+    if (!isEditable() || m_redrawLocks > 0 || !index.isValid() || isColumnHidden(index.column()))
+        return;
+
+    scrollTo(index);
+    m_editedCell = index;
+    QWidget *editor = makeEditor(typed);
+    m_delegate->setNextEditor(editor);
+    m_editor = editor;
+    if (!edit(index, AllEditTriggers, nullptr)) {
+        m_editor.clear();
+        delete editor;
+        return;
+    }
+    if (auto *combo = qobject_cast<ComboEditor *>(editor)) {
+        combo->showPopup();
+    } else if (auto *line = qobject_cast<QLineEdit *>(editor); line && !typed.isEmpty()) {
+        line->deselect();
+        line->end(false);
+    }
+}
+
+void FlexGrid::commitEdit()
+{
+    if (m_editor)
+        finishEdit(m_editor, true);
+}
+
+bool FlexGrid::isEditing() const
+{
+    return !m_editor.isNull();
+}
+
+QWidget *FlexGrid::makeEditor(const QString &typed)
+{
+    const QString cellText = m_editedCell.data().toString();
+    if (!m_comboList.isEmpty()) {
+        auto *combo = new ComboEditor(m_comboList.split(u'|'), cellText, typed, viewport());
+        combo->setFont(font());
+        connect(combo, &ComboEditor::finished, this,
+                [this, combo](bool commit) { finishEdit(combo, commit); });
+        return combo;
+    }
+    auto *line = new QLineEdit(typed.isEmpty() ? cellText : typed, viewport());
+    line->setFont(font());
+    line->setFrame(false);
+    line->setAlignment(m_editedCell.data(Qt::TextAlignmentRole).value<Qt::Alignment>());
+    // With the blank that the editor itself leaves, the text stays where the cell shows it.
+    line->setTextMargins(GridDelegate::padding - 3, 0, GridDelegate::padding - 3, 0);
+    return line;
+}
+
+void FlexGrid::finishEdit(QWidget *editor, bool commit)
+{
+    if (commit)
+        commitData(editor);
+    closeEditor(editor, QAbstractItemDelegate::NoHint);
+}
+
+void FlexGrid::commitData(QWidget *editor)
+{
+    if (editor && editor == m_editor)
+        QTableView::commitData(editor);
+}
+
+/// Every way out of an edit leads here, several of them sometimes twice: an editor that closes
+/// also loses the focus, and a list that closes also reports that it has been left.
+void FlexGrid::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint /*hint*/)
+{
+    if (!editor || editor != m_editor)
+        return;
+    m_editor.clear();
+    const Position edited{m_editedCell.row() + 1, m_editedCell.column()};
+    m_editedCell = QPersistentModelIndex();
+    // The focus of the window, not of the application: another window may be the active one.
+    const QWidget *focus = window()->focusWidget();
+    const bool hadFocus = focus && (focus == editor || editor->isAncestorOf(focus));
+
+    if (auto *combo = qobject_cast<ComboEditor *>(editor))
+        combo->hidePopup();
+    // No hint: Tab and Enter are not to move on to another cell.
+    QTableView::closeEditor(editor, QAbstractItemDelegate::NoHint);
+    if (hadFocus)
+        setFocus();
+    Q_EMIT afterEdit(edited.row, edited.col);
+}
+
+void FlexGrid::hideEvent(QHideEvent *event)
+{
+    if (!event->spontaneous())
+        commitEdit();
+    QTableView::hideEvent(event);
+}
+
+void FlexGrid::keyPressEvent(QKeyEvent *event)
+{
+    const QString typed = printableText(*event);
+    if (typed.isEmpty()) {
+        QTableView::keyPressEvent(event);
+        return;
+    }
+    event->accept();
+    if (!isEditing())
+        Q_EMIT characterTyped(typed);
+}
+
+void FlexGrid::inputMethodEvent(QInputMethodEvent *event)
+{
+    event->accept();
+    if (!event->commitString().isEmpty() && !isEditing())
+        Q_EMIT characterTyped(event->commitString());
+}
+
+void FlexGrid::keyboardSearch(const QString & /*search*/)
+{
+    // Typed characters are the business of whoever listens to characterTyped().
+}
+
+} // namespace grid

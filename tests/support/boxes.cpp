@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#include "tests/support/boxes.h"
+
+#include <QApplication>
+#include <QPushButton>
+#include <QTest>
+
+#include <utility>
+
+namespace support {
+
+char *toString(const Box &box)
+{
+    const QString icon = box.icon == QMessageBox::Critical ? QStringLiteral("critical")
+        : box.icon == QMessageBox::Information             ? QStringLiteral("information")
+        : box.icon == QMessageBox::Question                ? QStringLiteral("question")
+                                                           : QStringLiteral("other");
+    return QTest::toString(QString(icon % u" [" % box.title % u"] " % box.text));
+}
+
+BoxReader::BoxReader(QMessageBox::StandardButton answer)
+    : m_answer(answer)
+{
+    connect(&m_timer, &QTimer::timeout, this, &BoxReader::answerOpenBox);
+    m_timer.start(0);
+}
+
+std::vector<Box> BoxReader::take()
+{
+    return std::exchange(m_boxes, {});
+}
+
+void BoxReader::answerOpenBox()
+{
+    auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+    if (!box || !box->isVisible())
+        return;
+    m_boxes.push_back({box->icon(), box->windowTitle(), box->text()});
+    QAbstractButton *button = box->button(m_answer);
+    (button ? button : box->defaultButton() ? box->defaultButton() : box->buttons().first())
+        ->click();
+}
+
+} // namespace support

@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QMessageBox>
+#include <QObject>
+#include <QTimer>
+
+#include <vector>
+
+namespace support {
+
+/// What a message box said.
+struct Box
+{
+    QMessageBox::Icon icon = QMessageBox::NoIcon;
+    QString title;
+    QString text;
+
+    bool operator==(const Box &) const = default;
+};
+
+/// For a failing comparison: "critical [Error] text".
+char *toString(const Box &box);
+
+/// Closes every message box that opens while it lives, with the given button or, where a box has
+/// no such button, its default one, and remembers what was said.
+class BoxReader final : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit BoxReader(QMessageBox::StandardButton answer = QMessageBox::Ok);
+
+    const std::vector<Box> &boxes() const { return m_boxes; }
+    /// What was said since the last call.
+    std::vector<Box> take();
+
+private:
+    void answerOpenBox();
+
+    QMessageBox::StandardButton m_answer;
+    QTimer m_timer;
+    std::vector<Box> m_boxes;
+};
+
+} // namespace support
