@@ -24,7 +24,8 @@ frmSplash::frmSplash()
     setWindowTitle(windowTitle() % u' ' % version);
 
     connect(m_ui->cmdOK, &QPushButton::clicked, this, &QWidget::close);
-    connect(m_ui->cmdExit, &QPushButton::clicked, qApp, &QCoreApplication::quit);
+    // Not quit(): that would close this window first, which means going on.
+    connect(m_ui->cmdExit, &QPushButton::clicked, this, [] { QCoreApplication::exit(0); });
     connect(m_ui->lblTerms, &LinkLabel::clicked, this, &frmSplash::termsRequested);
     m_ui->cmdOK->setFocus();
     setFixedSize(sizeHint());

@@ -46,5 +46,6 @@ void Program::showHelp()
 
 void Program::end()
 {
-    QCoreApplication::quit();
+    // Not quit(): that would ask the main window once more.
+    QCoreApplication::exit(0);
 }

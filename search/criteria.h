@@ -22,10 +22,10 @@ inline constexpr QStringView allOrigins = u"All";
 struct SearchCriteria
 {
     Sex sex = Sex::Boy;
-    QString name; ///< empty: any
+    QString name {}; ///< empty: any
     NameRule nameRule = NameRule::Exact;
-    QString origin; ///< empty or allOrigins: any
-    QString meaning; ///< a text within the meaning; empty: any
+    QString origin {}; ///< empty or allOrigins: any
+    QString meaning {}; ///< a text within the meaning; empty: any
     bool tickedOnly = false;
 
     bool operator==(const SearchCriteria &) const = default;
@@ -35,7 +35,7 @@ struct SearchCriteria
 struct ListCriteria
 {
     ListField field = ListField::Name;
-    QString letter;
+    QString letter {};
     Sex sex = Sex::Boy;
 
     bool operator==(const ListCriteria &) const = default;

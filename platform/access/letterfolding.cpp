@@ -27,10 +27,10 @@ constexpr char16_t markOrder[]
       u"\u0327\u0328\u0304\u0336\u0337\u0335\u0305\u0309\u030f\u0310\u0311\u031b\u0321\u0322\u0323"
       u"\u0324\u0325\u0326\u032d\u032e\u0330\u0331\u0334\u0339\u0345\u0358";
 
-// Marks of the table below that no combining character stands for sort before all that do.
-constexpr std::uint8_t firstOwnMark = 1;
-constexpr std::uint8_t firstCombiningMark = 8;
-constexpr std::uint8_t unlistedMark = 255;
+// Marks of the table below that no combining character stands for sort after all that do.
+constexpr std::uint8_t firstCombiningMark = 1;
+constexpr std::uint8_t unlistedMark = 200;
+constexpr std::uint8_t firstOwnMark = 240;
 
 constexpr std::uint32_t firstDigit = 1000;
 constexpr std::uint32_t firstLetter = 2000;

@@ -1,0 +1,331 @@
+// SPDX-FileCopyrightText: 2026 The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#include "app/application.h"
+#include "app/frminfo.h"
+#include "app/frmsplash.h"
+#include "app/program.h"
+#include "db/basdatabase.h"
+#include "db/bastovarin.h"
+#include "layout/mainlayout.h"
+#include "platform/browser/browserpane.h"
+#include "reports/linklabel.h"
+#include "tests/support/boxes.h"
+#include "tests/support/sampledatabase.h"
+
+#include <QAccessible>
+#include <QComboBox>
+#include <QFile>
+#include <QLabel>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTest>
+
+using layout::ScreenClass;
+using support::BoxReader;
+
+namespace {
+
+Application *application = nullptr;
+
+/// A program folder with a small database and real pages.
+class Folder : public support::SampleDatabase
+{
+public:
+    Folder()
+        : SampleDatabase(support::entries({"Anna|G|Hebrew|grace", "Noah|B|Hebrew|rest"}))
+    {
+        browser::setPageFolder(folder());
+        for (const char *name : {"things.htm", "popular.htm", "tovarinhelp.htm", "terms.htm",
+                                 "about.htm", "tovarin.css"})
+            QFile::copy(QStringLiteral(DATA_FOLDER "/pages/") % QLatin1String(name),
+                        file(QLatin1String(name)));
+    }
+};
+
+QWidget *topLevel(const char *name)
+{
+    for (QWidget *widget : QApplication::topLevelWidgets()) {
+        if (widget->objectName() == QLatin1String(name) && widget->isVisible())
+            return widget;
+    }
+    return nullptr;
+}
+
+QString nameForScreenReader(QWidget *widget)
+{
+    QAccessibleInterface *interface = QAccessible::queryAccessibleInterface(widget);
+    return interface ? interface->text(QAccessible::Name) : QString();
+}
+
+QRect placeIn(const QWidget *ancestor, const QWidget *widget)
+{
+    return {widget->mapTo(ancestor, QPoint()), widget->size()};
+}
+
+/// The width in pixels that the text of a control takes; 0 for those whose texts are the user's.
+int widthNeeded(const QWidget *control)
+{
+    constexpr int buttonMargins = 12;
+    const auto *button = qobject_cast<const QPushButton *>(control);
+    if (button)
+        return button->fontMetrics().horizontalAdvance(button->text().remove(u'&')) + buttonMargins;
+    const auto *combo = qobject_cast<const QComboBox *>(control);
+    const auto *label = qobject_cast<const QLabel *>(control);
+    const bool isFixedText = qobject_cast<const QAbstractButton *>(control)
+        || (combo && !combo->isEditable()) || (label && !label->wordWrap());
+    return isFixedText ? control->sizeHint().width() : 0;
+}
+
+/// The controls that a person reads or uses, without what Qt builds into them.
+QList<QWidget *> ownControls(QWidget *window)
+{
+    QList<QWidget *> controls;
+    for (QWidget *widget : window->findChildren<QWidget *>()) {
+        const QString name = widget->objectName();
+        const bool isTabStripPart = qobject_cast<QTabBar *>(widget->parentWidget());
+        if (!name.isEmpty() && !name.startsWith(u"qt_") && !isTabStripPart)
+            controls.append(widget);
+    }
+    return controls;
+}
+
+} // namespace
+
+class TestWindows : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { basDatabase::CloseDatabase(); }
+
+    void splash_showsTheVersionAndOpensTheMainWindow()
+    {
+        const Folder folder;
+        Program program;
+        program.start();
+        QWidget *splash = topLevel("frmSplash");
+        QVERIFY(splash);
+        QCOMPARE(splash->windowTitle(), QStringLiteral("Tovarin Names Dictionary 1.2"));
+        QCOMPARE(splash->findChild<QLabel *>(QStringLiteral("lblVersion"))->text(),
+                 QStringLiteral("1.2 - 05 Mar 2026"));
+        QVERIFY(splash->findChild<QPushButton *>(QStringLiteral("cmdExit"))->text()
+                == QStringLiteral("E&xit"));
+        Q_EMIT splash->findChild<LinkLabel *>(QStringLiteral("lblTerms"))->clicked();
+        QVERIFY(topLevel("frmTerms"));
+
+        QStringList statements;
+        basDatabase::WatchStatements([&](const QString &sql) { statements.append(sql); });
+        splash->findChild<QPushButton *>(QStringLiteral("cmdOK"))->click();
+        basDatabase::WatchStatements({});
+        QVERIFY(!topLevel("frmSplash"));
+        QWidget *main = topLevel("frmInfo");
+        QVERIFY(main);
+        QCOMPARE(main->windowTitle(), QStringLiteral("Tovarin Names Dictionary 1.2"));
+        QCOMPARE(statements,
+                 QStringList({QStringLiteral("select org_desc from tblorg order by org_desc "),
+                              QStringLiteral("select topn from tblsetup "),
+                              QStringLiteral("select maxselect from tblsetup "),
+                              QStringLiteral("select versionno from tblsetup "),
+                              QStringLiteral("select count(*) from tblmaster where name_select = "
+                                             "'Y' ")}));
+    }
+
+    void tabs_showTheirFrames()
+    {
+        const Folder folder;
+        frmInfo window;
+        window.show();
+        auto *tabs = window.findChild<QTabWidget *>(QStringLiteral("tabInfo"));
+        QCOMPARE(tabs->currentIndex(), 0);
+        const QStringList captions
+            = {QStringLiteral("Things to Consider"), QStringLiteral("Popular"),
+               QStringLiteral("Search"), QStringLiteral("Worksheet"), QStringLiteral("Help"),
+               QStringLiteral("About")};
+        QString keys;
+        for (int i = 0; i < tabs->count(); ++i) {
+            QCOMPARE(tabs->tabText(i), captions[i]);
+            keys += tabs->tabBar()->tabData(i).toString();
+            tabs->setCurrentIndex(i);
+            for (int frame = 0; frame < 6; ++frame) {
+                auto *widget = window.findChild<QWidget *>(QStringLiteral("fraInfo_%1").arg(frame));
+                QCOMPARE(widget->isVisible(), frame == i);
+            }
+        }
+        QCOMPARE(keys, QStringLiteral("TPSWHA"));
+        QCOMPARE(window.findChild<QLabel *>(QStringLiteral("lblTopNNote"))->text(),
+                 QStringLiteral("Select your top 10 choices"));
+        QCOMPARE(window.findChild<QLabel *>(QStringLiteral("lblVersion"))->text(),
+                 QStringLiteral("1.2 - 05 Mar 2026"));
+    }
+
+    void emptySetup_ranksNoNames()
+    {
+        const Folder folder;
+        basDatabase::OpenDatabase();
+        basDatabase::ExecuteSQL(QStringLiteral("delete from tblsetup"));
+        frmInfo window;
+        window.findChild<QTabWidget *>(QStringLiteral("tabInfo"))->setCurrentIndex(3);
+        QCOMPARE(window.findChild<QLabel *>(QStringLiteral("lblTopNNote"))->text(),
+                 QStringLiteral("Select your top 0 choices"));
+    }
+
+    void f1_opensHelpExceptOnHelp()
+    {
+        const Folder folder;
+        frmInfo window;
+        window.show();
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QSignalSpy help(&window, &frmInfo::helpRequested);
+        auto *tabs = window.findChild<QTabWidget *>(QStringLiteral("tabInfo"));
+        for (int i = 0; i < tabs->count(); ++i) {
+            tabs->setCurrentIndex(i);
+            help.clear();
+            QTest::keyClick(&window, Qt::Key_F1);
+            QCOMPARE(help.size(), i == 4 ? 0 : 1);
+        }
+    }
+
+    void closing_asksAndObeys()
+    {
+        const Folder folder;
+        frmInfo window;
+        QSignalSpy unloaded(&window, &frmInfo::unloaded);
+        window.show();
+        {
+            BoxReader no(QMessageBox::No);
+            QVERIFY(!window.close());
+            QCOMPARE(no.boxes(),
+                     (std::vector {support::Box {QMessageBox::Question,
+                                                 QStringLiteral("Tovarin Names Dictionary 1.2"),
+                                                 QStringLiteral("Are you sure you want to exit?")}}));
+        }
+        QVERIFY(window.isVisible());
+        QCOMPARE(basDatabase::GetFieldValue(QStringLiteral("select count(*) from tblmaster")),
+                 QStringLiteral("2"));
+        BoxReader yes(QMessageBox::Yes);
+        QVERIFY(window.close());
+        QCOMPARE(unloaded.size(), 1);
+    }
+
+    void uncaughtOverflow_isReportedAndEndsTheProgram()
+    {
+        BoxReader reader;
+        const int exitCode = application->run([] {
+            QTimer::singleShot(0, application, [] { throw std::overflow_error("Overflow"); });
+        });
+        QCOMPARE(exitCode, 1);
+        QCOMPARE(reader.boxes(),
+                 (std::vector {support::Box {QMessageBox::Critical, QStringLiteral("Error"),
+                                             QStringLiteral("Overflow")}}));
+    }
+
+    void pages_areShownAndNothingElse()
+    {
+        const Folder folder;
+        frmInfo window;
+        window.show();
+        auto *pane = window.findChild<browser::BrowserPane *>(QStringLiteral("dhtmThings"));
+        QSignalSpy complete(pane, &browser::BrowserPane::documentComplete);
+        QVERIFY(complete.wait(20000));
+        // A missing file is the browser's to tell; the program goes on.
+        pane->navigate(folder.folder() % u"\\none.htm");
+        QVERIFY(complete.wait(20000));
+
+        const auto allowed = [](const QString &url) { return browser::isAllowed(QUrl(url)); };
+        QVERIFY(allowed(QStringLiteral("about:blank")));
+        QVERIFY(allowed(u"file://" % folder.folder() % u"/things.htm"));
+        for (const QString &url :
+             {QStringLiteral("http://example.org/"), QStringLiteral("https://example.org/x.png"),
+              QStringLiteral("file:///etc/passwd"), QStringLiteral("about:version"),
+              QStringLiteral("data:text/html,x"), QStringLiteral("javascript:alert(1)"),
+              QString(u"file://" % folder.folder() % u"/../../etc/passwd"),
+              QString(u"file://" % folder.folder() % u"/%2e%2e/passwd"),
+              QString(u"file://host" % folder.folder() % u"/things.htm")})
+            QVERIFY2(!allowed(url), qPrintable(url));
+    }
+
+    void layouts_clipAndOverlapNothing_data()
+    {
+        QTest::addColumn<int>("screenClass");
+        QTest::addRow("designed") << int(ScreenClass::Designed);
+        QTest::addRow("large") << int(ScreenClass::Large);
+        QTest::addRow("small") << int(ScreenClass::Small);
+    }
+
+    void layouts_clipAndOverlapNothing()
+    {
+        QFETCH(int, screenClass);
+        const Folder folder;
+        frmInfo window;
+        const auto placements = layout::mainWindowPlacements(ScreenClass(screenClass));
+        layout::place(window, placements);
+        const QList<QWidget *> controls = ownControls(&window);
+        for (const layout::Placement &placement : placements) {
+            const QString name = QString::fromStdString(std::string(placement.control));
+            QVERIFY2(window.findChild<QWidget *>(name), qPrintable(name));
+        }
+        for (QWidget *control : controls) {
+            if (control->isHidden() || !control->parentWidget())
+                continue;
+            const QByteArray name = control->objectName().toUtf8();
+            const bool isFrameOfLayout = name.startsWith("fraInfo") || name == "tabInfo";
+            if (!isFrameOfLayout)
+                QVERIFY2(control->parentWidget()->rect().contains(control->geometry()),
+                         name.constData());
+            const auto *label = qobject_cast<QLabel *>(control);
+            QVERIFY2(control->width() >= widthNeeded(control),
+                     qPrintable(QStringLiteral("%1: %2 < %3")
+                                    .arg(control->objectName())
+                                    .arg(control->width())
+                                    .arg(widthNeeded(control))));
+            if (label && label->wordWrap())
+                QVERIFY2(label->height() >= label->heightForWidth(label->width()), name.constData());
+            for (QWidget *other : controls) {
+                const bool areSiblings = other != control && !other->isHidden()
+                    && other->parentWidget() == control->parentWidget();
+                if (areSiblings)
+                    QVERIFY2(!placeIn(&window, control).intersects(placeIn(&window, other)),
+                             qPrintable(QString(control->objectName() % u' ' % other->objectName())));
+            }
+        }
+    }
+
+    void everyControl_hasANameForScreenReaders()
+    {
+        const Folder folder;
+        frmSplash splash;
+        frmInfo window;
+        splash.show();
+        window.show();
+        for (QWidget *top : {static_cast<QWidget *>(&splash), static_cast<QWidget *>(&window)}) {
+            for (QWidget *control : top->findChildren<QWidget *>()) {
+                const bool isOurs = control->focusPolicy() != Qt::NoFocus
+                    && !control->objectName().startsWith(u"qt_")
+                    && QByteArray(control->metaObject()->className()).indexOf("Private") < 0;
+                const bool isInnerPart = qobject_cast<QComboBox *>(control->parentWidget())
+                    || control->parentWidget()->inherits("QAbstractScrollArea")
+                    || control->parentWidget()->inherits("QComboBoxPrivateContainer")
+                    || control->parentWidget()->inherits("browser::BrowserPane")
+                    || control->parentWidget()->inherits("QWebEngineView");
+                if (!isOurs || isInnerPart)
+                    continue;
+                QVERIFY2(!control->objectName().isEmpty(), control->metaObject()->className());
+                QVERIFY2(!nameForScreenReader(control).isEmpty(), qPrintable(control->objectName()));
+            }
+        }
+    }
+};
+
+int main(int argc, char *argv[])
+{
+    browser::prepareProcess();
+    Application app(argc, argv);
+    application = &app;
+    TestWindows tests;
+    return QTest::qExec(&tests, argc, argv);
+}
+#include "test_windows.moc"

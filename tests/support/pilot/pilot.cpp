@@ -1,0 +1,115 @@
+// SPDX-FileCopyrightText: 2026 The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#include "tests/support/pilot/pilot.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTableView>
+#include <QTest>
+
+#include <cstdio>
+
+namespace pilot {
+
+namespace {
+
+constexpr int stepInterval = 20; // milliseconds
+
+void say(const QString &text)
+{
+    std::fputs(qPrintable(QString(text % u'\n')), stderr);
+    std::fflush(stderr);
+}
+
+QString textOf(const QWidget *widget)
+{
+    if (const auto *label = qobject_cast<const QLabel *>(widget))
+        return label->text();
+    if (const auto *table = qobject_cast<const QTableView *>(widget))
+        return QString::number(table->model()->rowCount());
+    return widget->windowTitle();
+}
+
+void act(const QString &verb, QWidget *widget, const QString &text)
+{
+    if (verb == u"click")
+        QTest::mouseClick(widget, Qt::LeftButton, {}, QPoint(8, widget->height() / 2));
+    else if (verb == u"close")
+        widget->close();
+    else if (verb == u"type")
+        QTest::keyClicks(widget, text);
+    else if (verb == u"enter")
+        QTest::keyClick(widget, Qt::Key_Return);
+    else if (verb == u"print")
+        say(widget->objectName() % u": " % textOf(widget));
+}
+
+} // namespace
+
+Pilot::Pilot(const QStringList &script)
+    : m_script(script)
+{
+    connect(&m_timer, &QTimer::timeout, this, &Pilot::step);
+    m_timer.start(stepInterval);
+}
+
+void Pilot::step()
+{
+    if (answerBox() || m_script.isEmpty())
+        return;
+    const QString line = m_script.takeFirst();
+    if (!run(line))
+        m_script.prepend(line);
+}
+
+bool Pilot::answerBox()
+{
+    auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+    if (!box)
+        return false;
+    say(u"box: [" % box->windowTitle() % u"] " % box->text());
+    QAbstractButton *button = box->button(m_answerYes ? QMessageBox::Yes : QMessageBox::No);
+    (button ? button : box->buttons().first())->click();
+    return true;
+}
+
+QWidget *Pilot::find(const QString &name)
+{
+    for (QWidget *widget : QApplication::allWidgets()) {
+        if (widget->objectName() == name && widget->isVisible())
+            return widget;
+    }
+    return nullptr;
+}
+
+bool Pilot::run(const QString &line)
+{
+    const QString verb = line.section(u' ', 0, 0);
+    const QString name = line.section(u' ', 1, 1);
+    if (verb == u"answer") {
+        m_answerYes = name == u"yes";
+        return true;
+    }
+    QWidget *widget = find(verb == u"tab" ? QStringLiteral("tabInfo") : name);
+    if (!widget)
+        return false;
+    if (verb == u"tab") {
+        qobject_cast<QTabWidget *>(widget)->setCurrentIndex(name.toInt());
+        return true;
+    }
+    // From the event loop, not from the timer: what is done may open a box, and while one is open
+    // the timer has to go on.
+    QTimer::singleShot(0, widget, [=] { act(verb, widget, line.section(u' ', 2)); });
+    return true;
+}
+
+QObject *PilotPlugin::create(const QString &, const QString &)
+{
+    return new Pilot(qEnvironmentVariable("PILOT_SCRIPT").split(u';', Qt::SkipEmptyParts));
+}
+
+} // namespace pilot

@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: 2026 The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QGenericPlugin>
+#include <QStringList>
+#include <QTimer>
+
+class QMessageBox;
+class QWidget;
+
+namespace pilot {
+
+/// Sits in the built program like a person and follows the lines of a script, one by one, as soon
+/// as the control that a line names is to be seen:
+///
+///   click NAME     clicks a button or a label      close NAME     closes a window
+///   type NAME TEXT types a text                    enter NAME     presses Enter
+///   tab N          goes to the tab N, from 0       print NAME     prints its text or row count
+///   answer yes|no  how questions are answered from here on
+///
+/// Message boxes are answered as they come and printed to standard error as "box: [title] text".
+class Pilot final : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Pilot(const QStringList &script);
+
+private:
+    void step();
+    bool answerBox();
+    bool run(const QString &line);
+    static QWidget *find(const QString &name);
+
+    QStringList m_script;
+    bool m_answerYes = false;
+    QTimer m_timer;
+};
+
+/// Loads the pilot into a program started with QT_QPA_GENERIC_PLUGINS=pilot and the script in
+/// PILOT_SCRIPT, its lines separated by ";".
+class PilotPlugin final : public QGenericPlugin
+{
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "pilot.json")
+
+public:
+    QObject *create(const QString &name, const QString &specification) override;
+};
+
+} // namespace pilot
