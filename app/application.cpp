@@ -8,8 +8,7 @@
 
 #include <QIcon>
 
-Application::Application(int &argc, char **argv)
-    : QApplication(argc, argv)
+Application::Application(int &argc, char **argv) : QApplication(argc, argv)
 {
     setApplicationName(QStringLiteral("tovarin"));
     setApplicationDisplayName(QString());
@@ -38,8 +37,8 @@ std::optional<int> Application::exitCodeOf(const std::function<void()> &function
 bool Application::notify(QObject *receiver, QEvent *event)
 {
     bool handled = true;
-    const std::optional<int> exitCode
-        = exitCodeOf([&] { handled = QApplication::notify(receiver, event); });
+    const std::optional<int> exitCode =
+        exitCodeOf([&] { handled = QApplication::notify(receiver, event); });
     if (exitCode)
         exit(*exitCode);
     return handled;

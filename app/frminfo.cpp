@@ -32,14 +32,10 @@ QString setting(QStringView column)
 } // namespace
 
 frmInfo::frmInfo()
-    : m_tabs(new QTabWidget(this))
-    , m_things(new browser::BrowserPane)
-    , m_popular(new browser::BrowserPane)
-    , m_help(new browser::BrowserPane)
-    , m_search(new search::SearchFrame)
-    , m_topNNote(new QLabel)
-    , m_about(new AboutFrame)
-    , m_helpKey(new QShortcut(Qt::Key_F1, this))
+    : m_tabs(new QTabWidget(this)), m_things(new browser::BrowserPane),
+      m_popular(new browser::BrowserPane), m_help(new browser::BrowserPane),
+      m_search(new search::SearchFrame), m_topNNote(new QLabel), m_about(new AboutFrame),
+      m_helpKey(new QShortcut(Qt::Key_F1, this))
 {
     setObjectName(QStringLiteral("frmInfo"));
     setWindowTitle(QStringLiteral("Tovarin Names Dictionary"));

@@ -52,15 +52,15 @@ private:
     void tabClicked();
     QString selectedKey() const;
 
-    QTabWidget *m_tabs; ///< tabInfo
-    browser::BrowserPane *m_things; ///< dhtmThings
+    QTabWidget *m_tabs;              ///< tabInfo
+    browser::BrowserPane *m_things;  ///< dhtmThings
     browser::BrowserPane *m_popular; ///< dhtmPopular
-    browser::BrowserPane *m_help; ///< dhtmHelp
+    browser::BrowserPane *m_help;    ///< dhtmHelp
     search::SearchFrame *m_search;
     QLabel *m_topNNote; ///< lblTopNNote
     AboutFrame *m_about;
     QShortcut *m_helpKey;
 
-    QString m_topN; ///< how many names are ranked, as the text of a whole number
+    QString m_topN;      ///< how many names are ranked, as the text of a whole number
     QString m_maxSelect; ///< how many names one should tick at most
 };

@@ -9,8 +9,7 @@
 
 #include <QCloseEvent>
 
-frmSplash::frmSplash()
-    : m_ui(std::make_unique<Ui::frmSplash>())
+frmSplash::frmSplash() : m_ui(std::make_unique<Ui::frmSplash>())
 {
     m_ui->setupUi(this);
     QPixmap picture(QStringLiteral(":/app/splash.png"));
@@ -19,8 +18,8 @@ frmSplash::frmSplash()
 
     basDatabase::OpenDatabase();
     m_ui->lblVersion->setText(basDatabase::VersionLine());
-    const QString version
-        = basDatabase::GetFieldValue(QStringLiteral("select versionno from tblsetup "));
+    const QString version =
+        basDatabase::GetFieldValue(QStringLiteral("select versionno from tblsetup "));
     setWindowTitle(windowTitle() % u' ' % version);
 
     connect(m_ui->cmdOK, &QPushButton::clicked, this, &QWidget::close);

@@ -33,6 +33,6 @@ private:
 
     std::unique_ptr<frmSplash> m_splash;
     std::unique_ptr<frmInfo> m_info;
-    std::unique_ptr<frmTerms> m_terms; ///< made when first asked for
+    std::unique_ptr<frmTerms> m_terms;      ///< made when first asked for
     std::unique_ptr<frmTovarinHelp> m_help; ///< made when first asked for
 };

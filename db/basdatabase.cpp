@@ -50,8 +50,8 @@ void showError(const QString &text)
 QString ConnectionText(const QString &inpPassword)
 {
     return u"DBQ=" % basTovarin::ProgramFolder()
-        % u"\\Tovarin.mdb;DRIVER={Microsoft Access Driver (*.mdb)};UID=admin;PWD=" % inpPassword
-        % u';';
+           % u"\\Tovarin.mdb;DRIVER={Microsoft Access Driver (*.mdb)};UID=admin;PWD=" % inpPassword
+           % u';';
 }
 
 bool OpenDatabase()

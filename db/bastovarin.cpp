@@ -69,12 +69,11 @@ QString PasswordKey()
 
 QString ReadPassword()
 {
-    auto file = std::make_unique<QFile>(
-        dbaccess::systemPath(ProgramFolder() % u"\\tovarin.dll"));
+    auto file = std::make_unique<QFile>(dbaccess::systemPath(ProgramFolder() % u"\\tovarin.dll"));
     if (!file->open(QIODevice::ReadOnly))
-        throw dbaccess::EngineError(dbaccess::EngineError::Reason::MissingFile,
-                                  QStringLiteral("Could not open the key file: %1.")
-                                      .arg(file->errorString()));
+        throw dbaccess::EngineError(
+            dbaccess::EngineError::Reason::MissingFile,
+            QStringLiteral("Could not open the key file: %1.").arg(file->errorString()));
     const QByteArray content = file->readAll();
     if (content.isEmpty()) {
         // An empty key file stays open while the program runs, so that nobody fills it meanwhile.

@@ -33,8 +33,8 @@ void FitGridRows(grid::FlexGrid &inpGrid, int inpFirst, int inpLast)
         return;
     const grid::RedrawLock lock(&inpGrid);
     const QFontMetrics formMetrics(inpGrid.window()->font());
-    const int padding
-        = static_cast<int>(std::lround(formMetrics.boundingRect(QStringLiteral("Wg")).height() / 5.0));
+    const int padding = static_cast<int>(
+        std::lround(formMetrics.boundingRect(QStringLiteral("Wg")).height() / 5.0));
     std::vector<int> heights;
     for (int row = first; row <= last; ++row) {
         int height = 0;

@@ -40,7 +40,7 @@ struct Measure
     enum class Kind { Keep, Fixed, Grow, WidthOf, HeightOf, TopOf };
 
     Kind kind = Kind::Keep;
-    int twips = 0; ///< the measure, or what is added to it or to another control's
+    int twips = 0;               ///< the measure, or what is added to it or to another control's
     std::string_view control {}; ///< of WidthOf, HeightOf and TopOf
 };
 
@@ -56,7 +56,8 @@ struct Change
 };
 
 /// The designed placements with the changes made to them.
-std::vector<Placement> changed(std::span<const Placement> designed, std::span<const Change> changes);
+std::vector<Placement> changed(std::span<const Placement> designed,
+                               std::span<const Change> changes);
 
 /// Moves and sizes the controls of a window, found by their names. A control of height 0 is hidden.
 void place(QWidget &window, std::span<const Placement> placements);

@@ -10,10 +10,8 @@
 #include "reports/pagefiles.h"
 
 AboutFrame::AboutFrame(QWidget *parent)
-    : QWidget(parent)
-    , m_version(new QLabel(this))
-    , m_terms(new LinkLabel(this))
-    , m_page(new browser::BrowserPane(this))
+    : QWidget(parent), m_version(new QLabel(this)), m_terms(new LinkLabel(this)),
+      m_page(new browser::BrowserPane(this))
 {
     setObjectName(QStringLiteral("fraInfo_5"));
     m_version->setObjectName(QStringLiteral("lblVersion"));

@@ -27,7 +27,7 @@ Q_SIGNALS:
     void termsRequested();
 
 private:
-    QLabel *m_version; ///< lblVersion
-    LinkLabel *m_terms; ///< lblTerms
+    QLabel *m_version;            ///< lblVersion
+    LinkLabel *m_terms;           ///< lblTerms
     browser::BrowserPane *m_page; ///< dhtmlAbout
 };

@@ -7,8 +7,7 @@
 #include <QStyleOptionFocusRect>
 #include <QStylePainter>
 
-LinkLabel::LinkLabel(QWidget *parent)
-    : QLabel(parent)
+LinkLabel::LinkLabel(QWidget *parent) : QLabel(parent)
 {
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::PointingHandCursor);

@@ -31,8 +31,7 @@ QSize twipsForScreen()
 } // namespace
 
 PageWindow::PageWindow(const QString &name, const QString &title, QStringView pageFile)
-    : m_page(new browser::BrowserPane(this))
-    , m_pageFile(pageFile.toString())
+    : m_page(new browser::BrowserPane(this)), m_pageFile(pageFile.toString())
 {
     setObjectName(name);
     setWindowTitle(title);

@@ -85,7 +85,7 @@ QString criteriaClause(const SearchCriteria &criteria)
 QString criteriaClause(const ListCriteria &criteria)
 {
     QString clause = u"where " % fieldColumn(criteria.field) % u" like '"
-        % basDatabase::QuoteSQL(criteria.letter) % u"%' ";
+                     % basDatabase::QuoteSQL(criteria.letter) % u"%' ";
     if (criteria.sex != Sex::Both)
         clause += u"and " % sexCondition(criteria.sex);
     return clause + joinConditions(clause);
@@ -95,7 +95,7 @@ QString firstPageQuery(const QString &clause)
 {
     return u"select top 100 name_first, name_desc, name_sex, org_desc, meaning_name, name_select "
            u"from tblmaster, tblmeaning, tblorg "
-        % clause % u" order by name_desc, name_sex, org_desc, meaning_name ";
+           % clause % u" order by name_desc, name_sex, org_desc, meaning_name ";
 }
 
 QString countQuery(const QString &clause)

@@ -24,7 +24,7 @@ struct SearchCriteria
     Sex sex = Sex::Boy;
     QString name {}; ///< empty: any
     NameRule nameRule = NameRule::Exact;
-    QString origin {}; ///< empty or allOrigins: any
+    QString origin {};  ///< empty or allOrigins: any
     QString meaning {}; ///< a text within the meaning; empty: any
     bool tickedOnly = false;
 

@@ -55,7 +55,7 @@ QString resultFormat()
 {
     const auto blanks = [](int count) { return QString(count, u' '); };
     return u"^No" % blanks(7) % u"|<First Char|<Name" % blanks(28) % u"|<Boy/Girl|<Origin"
-        % blanks(28) % u"|<Meaning" % blanks(106) % u"|<Select" % blanks(6);
+           % blanks(28) % u"|<Meaning" % blanks(106) % u"|<Select" % blanks(6);
 }
 
 void formatPage(grid::FlexGrid &page)
@@ -65,7 +65,7 @@ void formatPage(grid::FlexGrid &page)
     clearPage(page);
     // The meaning keeps at least three sevenths of what the three columns of text share.
     const int shared = page.columnPixelWidth(NameColumn) + page.columnPixelWidth(OriginColumn)
-        + page.columnPixelWidth(MeaningColumn);
+                       + page.columnPixelWidth(MeaningColumn);
     const int narrow = shared * 2 / 7;
     for (const int column : {NameColumn, OriginColumn}) {
         if (page.columnPixelWidth(column) > narrow)

@@ -33,13 +33,13 @@ Sex sexOf(const QRadioButton *boy, const QRadioButton *girl)
 } // namespace
 
 SearchFrame::SearchFrame(QWidget *parent)
-    : QWidget(parent)
-    , m_ui(std::make_unique<Ui::SearchFrame>())
+    : QWidget(parent), m_ui(std::make_unique<Ui::SearchFrame>())
 {
     m_ui->setupUi(this);
     setUpResultGrid();
     setUpBrowseKeys();
-    connect(m_ui->cmdSearch, &QPushButton::clicked, this, [this] { runBrowse(BrowseMode::Search); });
+    connect(m_ui->cmdSearch, &QPushButton::clicked, this,
+            [this] { runBrowse(BrowseMode::Search); });
     connect(m_ui->cmdList, &QPushButton::clicked, this, [this] { runBrowse(BrowseMode::List); });
 }
 
@@ -54,9 +54,9 @@ void SearchFrame::setUpBrowseKeys()
         control->setProperty("browse", static_cast<int>(BrowseMode::Search));
         control->installEventFilter(this);
     }
-    const std::initializer_list<QWidget *> listControls
-        = {m_ui->cboAlphabet, m_ui->optList_0,  m_ui->optList_1, m_ui->optList_2,
-           m_ui->optList1_0,  m_ui->optList1_1, m_ui->optList1_2};
+    const std::initializer_list<QWidget *> listControls = {
+        m_ui->cboAlphabet, m_ui->optList_0,  m_ui->optList_1, m_ui->optList_2,
+        m_ui->optList1_0,  m_ui->optList1_1, m_ui->optList1_2};
     for (QWidget *control : listControls) {
         control->setProperty("browse", static_cast<int>(BrowseMode::List));
         control->installEventFilter(this);
@@ -150,9 +150,9 @@ SearchCriteria SearchFrame::searchCriteria() const
 
 ListCriteria SearchFrame::listCriteria() const
 {
-    const ListField field = m_ui->optList_0->isChecked() ? ListField::Name
-        : m_ui->optList_1->isChecked()                   ? ListField::Meaning
-                                                         : ListField::Origin;
+    const ListField field = m_ui->optList_0->isChecked()   ? ListField::Name
+                            : m_ui->optList_1->isChecked() ? ListField::Meaning
+                                                           : ListField::Origin;
     return {.field = field,
             .letter = m_ui->cboAlphabet->currentText(),
             .sex = sexOf(m_ui->optList1_0, m_ui->optList1_1)};
@@ -173,8 +173,7 @@ void SearchFrame::SearchRecord1()
 
 void SearchFrame::ShowFirstPage(const QString &clause)
 {
-    const qint64 count
-        = basDatabase::NumericValue(basDatabase::GetFieldValue(countQuery(clause)));
+    const qint64 count = basDatabase::NumericValue(basDatabase::GetFieldValue(countQuery(clause)));
     m_ui->lblRecStatus->setText(QStringLiteral("%1 record(s) found").arg(count));
     m_currentPage = 1;
     DisplaySearchResult(firstPageQuery(clause));

@@ -54,8 +54,7 @@ QString textProblem(const QString &what, const QString &text, int longest)
 class FileReader
 {
 public:
-    explicit FileReader(const QString &path)
-        : m_fileName(QFileInfo(path).fileName())
+    explicit FileReader(const QString &path) : m_fileName(QFileInfo(path).fileName())
     {
         QFile file(path);
         if (!file.open(QIODevice::ReadOnly)) {
@@ -143,7 +142,8 @@ private:
         if (order == 0)
             return QStringLiteral("\"%1\" stands twice for this sex").arg(entry.name);
         if (order > 0)
-            return QStringLiteral("\"%1\" is out of order (\"mkdb sort\" mends it)").arg(entry.name);
+            return QStringLiteral("\"%1\" is out of order (\"mkdb sort\" mends it)")
+                .arg(entry.name);
         return {};
     }
 
@@ -195,8 +195,7 @@ bool sortFile(const QString &path)
     const auto entries = std::stable_partition(
         lines.begin(), lines.end(), [](const QString &line) { return line.startsWith(u'#'); });
     std::stable_sort(entries, lines.end(), [](const QString &a, const QString &b) {
-        const int names
-            = dbaccess::compareTexts(a.section(u'\t', 0, 0), b.section(u'\t', 0, 0));
+        const int names = dbaccess::compareTexts(a.section(u'\t', 0, 0), b.section(u'\t', 0, 0));
         return names != 0 ? names < 0 : a.section(u'\t', 1, 1) < b.section(u'\t', 1, 1);
     });
     const QByteArray after = lines.join(u'\n').toUtf8() + '\n';

@@ -23,13 +23,13 @@ void say(const QString &text)
 int build(const QString &data, const QString &folder)
 {
     const QDir source(data);
-    const shipped::Settings settings
-        = shipped::readSettings(source.filePath(QStringLiteral("settings.tsv")));
+    const shipped::Settings settings =
+        shipped::readSettings(source.filePath(QStringLiteral("settings.tsv")));
     const QString password = shipped::readPassword(source.filePath(QStringLiteral("password.txt")));
 
     say(QStringLiteral("mkdb: reading the dictionary"));
-    const dictionary::Source read
-        = dictionary::readFolder(source.filePath(QStringLiteral("dictionary")));
+    const dictionary::Source read =
+        dictionary::readFolder(source.filePath(QStringLiteral("dictionary")));
     for (const QString &problem : read.problems)
         say(problem);
     if (!read.problems.isEmpty())

@@ -35,8 +35,7 @@ QByteArray contentOf(const QString &path)
 void writeFile(const QString &path, const QByteArray &content)
 {
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()
-        || !file.commit())
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit())
         throw BuildError(path % u": " % file.errorString());
 }
 
@@ -135,7 +134,8 @@ QString readPassword(const QString &path)
     const QString password = QString::fromUtf8(contentOf(path)).trimmed();
     const QString encoded = basTovarin::EncodeText(password, basTovarin::PasswordKey());
     const bool survives = basTovarin::DecodeText(encoded, basTovarin::PasswordKey()) == password
-        && !encoded.contains(u'\n') && !encoded.contains(u'\r') && !password.contains(u';');
+                          && !encoded.contains(u'\n') && !encoded.contains(u'\r')
+                          && !password.contains(u';');
     if (password.isEmpty() || !survives || password == basTovarin::noPassword)
         throw BuildError(QStringLiteral("%1:1: the key file can't hold this password").arg(path));
     return password;

@@ -14,10 +14,7 @@ namespace shipped {
 class BuildError : public std::runtime_error
 {
 public:
-    explicit BuildError(const QString &text)
-        : std::runtime_error(text.toStdString())
-    {
-    }
+    explicit BuildError(const QString &text) : std::runtime_error(text.toStdString()) { }
 };
 
 /// The one row of settings.

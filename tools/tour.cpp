@@ -29,10 +29,7 @@ class Tour
 {
 public:
     Tour(const QString &pictures, const QString &prefix)
-        : m_pictures(pictures)
-        , m_prefix(prefix)
-    {
-    }
+        : m_pictures(pictures), m_prefix(prefix) { }
 
     void run()
     {

@@ -81,8 +81,9 @@ int compareTexts(const QString &a, const QString &b)
 {
     const QByteArray utf8A = a.toUtf8();
     const QByteArray utf8B = b.toUtf8();
-    return compareTexts(std::string_view(utf8A.constData(), static_cast<std::size_t>(utf8A.size())),
-                        std::string_view(utf8B.constData(), static_cast<std::size_t>(utf8B.size())));
+    return compareTexts(
+        std::string_view(utf8A.constData(), static_cast<std::size_t>(utf8A.size())),
+        std::string_view(utf8B.constData(), static_cast<std::size_t>(utf8B.size())));
 }
 
 QChar firstPlainLetter(const QString &text)
@@ -95,8 +96,9 @@ QChar firstPlainLetter(const QString &text)
 
 QString collationVersion()
 {
-    return QStringLiteral("%1.%2").arg(tableVersion).arg(
-        static_cast<int>(QChar::currentUnicodeVersion()));
+    return QStringLiteral("%1.%2")
+        .arg(tableVersion)
+        .arg(static_cast<int>(QChar::currentUnicodeVersion()));
 }
 
 } // namespace dbaccess

@@ -11,9 +11,9 @@
 
 #include <QFileInfo>
 
+#include <SQLiteCpp/Column.h>
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Savepoint.h>
-#include <SQLiteCpp/Column.h>
 #include <SQLiteCpp/Statement.h>
 #include <sqlite3.h>
 
@@ -28,9 +28,9 @@ ConnectionString checked(const QString &text)
 {
     ConnectionString parsed = parseConnectionString(text);
     if (parsed.driver.compare(driverName, Qt::CaseInsensitive) != 0)
-        throw EngineError(EngineError::Reason::UnknownDriver,
-                          QStringLiteral("There is no database driver named \"%1\".")
-                              .arg(parsed.driver));
+        throw EngineError(
+            EngineError::Reason::UnknownDriver,
+            QStringLiteral("There is no database driver named \"%1\".").arg(parsed.driver));
     if (!QFileInfo::exists(parsed.file))
         throw EngineError(EngineError::Reason::MissingFile,
                           QStringLiteral("Could not find the file \"%1\".").arg(parsed.file));
@@ -56,7 +56,7 @@ std::string collationOf(SQLite::Database &database, const char *table, const cha
 struct ColumnKinds
 {
     QSet<QString> texts; ///< ordered by the dictionary's collation wherever they stand
-    QSet<QString> keys; ///< compared byte by byte in some table
+    QSet<QString> keys;  ///< compared byte by byte in some table
 };
 
 ColumnKinds findColumnKinds(SQLite::Database &database)
@@ -84,8 +84,8 @@ QString columnDefinitions(const SQLite::Statement &query, const ColumnKinds &kin
         const QString origin = QString::fromUtf8(query.getColumnOriginName(i)).toLower();
         const QString collation = kinds.keys.contains(origin) ? QStringLiteral("binary")
                                                               : QString::fromLatin1(collationName);
-        definitions.append(quotedName(QString::fromUtf8(query.getColumnName(i)))
-                           % u" text collate " % collation);
+        definitions.append(quotedName(QString::fromUtf8(query.getColumnName(i))) % u" text collate "
+                           % collation);
     }
     return definitions.join(u", ");
 }
@@ -167,8 +167,7 @@ void Connection::execute(const QString &sql)
         }
         SQLite::Savepoint savepoint(opened.engine, "select_into");
         const QString columns = columnDefinitions(statement, opened.columns);
-        const QString create
-            = u"create table " % translation.intoTable % u'(' % columns % u')';
+        const QString create = u"create table " % translation.intoTable % u'(' % columns % u')';
         opened.engine.exec(create.toStdString());
         const QString insert = u"insert into " % translation.intoTable % u' ' % translation.sql;
         opened.engine.exec(insert.toStdString());

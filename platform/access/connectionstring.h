@@ -14,7 +14,7 @@ inline constexpr QStringView driverName = u"Microsoft Access Driver (*.mdb)";
 /// DBQ=file;DRIVER={driver};UID=user;PWD=password;
 struct ConnectionString
 {
-    QString file; ///< a path of this system
+    QString file;   ///< a path of this system
     QString driver; ///< without its braces
     QString user;
     QString password;

@@ -83,8 +83,8 @@ void DatabaseBuilder::insert(const QString &table, const QStringList &values)
     try {
         auto known = m_work->inserts.find(table);
         if (known == m_work->inserts.end()) {
-            const QString sql
-                = u"insert into " % table % u" values(" % placeholders(values.size()) % u')';
+            const QString sql =
+                u"insert into " % table % u" values(" % placeholders(values.size()) % u')';
             known = m_work->inserts.try_emplace(table, m_work->engine, sql.toStdString()).first;
         }
         SQLite::Statement &statement = known->second;

@@ -27,9 +27,7 @@ class Translator
 {
 public:
     Translator(const QString &statement, const QSet<QString> &textColumns)
-        : m_statement(statement)
-        , m_textColumns(textColumns)
-        , m_tokens(tokenizeSql(m_statement))
+        : m_statement(statement), m_textColumns(textColumns), m_tokens(tokenizeSql(m_statement))
     {
     }
 
@@ -75,7 +73,8 @@ private:
                 ++depth;
             else if (token.isSign(u")") && --depth < 0)
                 return i;
-            const bool ends = token.isSign(u";")
+            const bool ends =
+                token.isSign(u";")
                 || std::ranges::any_of(keywords, [&](QStringView k) { return token.isWord(k); });
             if (depth == 0 && ends)
                 return i;
@@ -87,7 +86,7 @@ private:
     {
         const std::size_t end = endOfPart(select + 1, {u"union"});
         const bool hasTop = select + 2 < end && m_tokens[select + 1].isWord(u"top")
-            && m_tokens[select + 2].kind == SqlToken::Kind::Number;
+                            && m_tokens[select + 2].kind == SqlToken::Kind::Number;
         if (hasTop) {
             const SqlToken &top = m_tokens[select + 1];
             const SqlToken &count = m_tokens[select + 2];
@@ -104,8 +103,8 @@ private:
 
     void addBounds(std::size_t where)
     {
-        const std::size_t end = endOfPart(
-            where + 1, {u"group", u"order", u"having", u"limit", u"union", u"returning"});
+        const std::size_t end =
+            endOfPart(where + 1, {u"group", u"order", u"having", u"limit", u"union", u"returning"});
         const Tokens condition = Tokens(m_tokens).subspan(where + 1, end - where - 1);
         for (const Bound &bound : impliedBounds(condition, m_textColumns))
             replace(bound.position, 0, bound.condition);

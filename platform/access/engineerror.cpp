@@ -82,17 +82,14 @@ Refusal refusalOf(int code, const QString &text)
 } // namespace
 
 EngineError::EngineError(Reason reason, const QString &message)
-    : m_reason(reason)
-    , m_message(message)
-    , m_what(message.toUtf8())
+    : m_reason(reason), m_message(message), m_what(message.toUtf8())
 {
 }
 
-EngineError::EngineError(const SQLite::Exception &refused)
-    : EngineError(Reason::Other, QString())
+EngineError::EngineError(const SQLite::Exception &refused) : EngineError(Reason::Other, QString())
 {
-    const Refusal refusal
-        = refusalOf(refused.getErrorCode() & 0xff, QString::fromUtf8(refused.what()));
+    const Refusal refusal =
+        refusalOf(refused.getErrorCode() & 0xff, QString::fromUtf8(refused.what()));
     m_reason = refusal.reason;
     m_message = refusal.message;
     m_what = m_message.toUtf8();

@@ -10,8 +10,8 @@
 #include <QCryptographicHash>
 #include <QRandomGenerator>
 
-#include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Column.h>
+#include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/Transaction.h>
 #include <sqlite3.h>
@@ -24,9 +24,9 @@ constexpr int applicationId = 0x546f7661; // "Tova"
 constexpr int formatVersion = 1;
 
 // The engine's own table, beside those of the program.
-constexpr char createProperties[]
-    = "create table sys_properties(property text primary key, content text not null) "
-      "without rowid";
+constexpr char createProperties[] =
+    "create table sys_properties(property text primary key, content text not null) "
+    "without rowid";
 
 std::string_view textOf(sqlite3_value *value)
 {
@@ -81,7 +81,9 @@ void setProperty(SQLite::Database &database, const char *name, const QByteArray 
 
 QByteArray hashOf(const QByteArray &salt, const QString &password)
 {
-    return QCryptographicHash::hash(QByteArray(salt + password.toUtf8()), QCryptographicHash::Sha256).toHex();
+    return QCryptographicHash::hash(QByteArray(salt + password.toUtf8()),
+                                    QCryptographicHash::Sha256)
+        .toHex();
 }
 
 QByteArray freshSalt()
@@ -102,8 +104,8 @@ void registerFunctions(SQLite::Database &database)
 {
     sqlite3 *const handle = database.getHandle();
     constexpr int traits = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
-    database.check(sqlite3_create_collation_v2(handle, collationName, SQLITE_UTF8, nullptr, collate,
-                                               nullptr));
+    database.check(
+        sqlite3_create_collation_v2(handle, collationName, SQLITE_UTF8, nullptr, collate, nullptr));
     database.check(sqlite3_create_function_v2(handle, "like", 2, traits, nullptr, like, nullptr,
                                               nullptr, nullptr));
 }

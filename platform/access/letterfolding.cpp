@@ -16,16 +16,16 @@ namespace {
 
 // The order of signs, and of the marks below, is that of the Unicode collation's root table
 // (CLDR 42), as far as names, meanings and what people type need it.
-constexpr char16_t signOrder[]
-    = u"\t\n\v\f\r\u2028\u2029 _\u2017-\u2010\u2012\u2013\u2014\u2015,;:!\u00a1?\u00bf.\u00b7"
-      u"'\u2039\u203a\"\u201c\u201d\u201e\u00ab\u00bb()[]{}\u00a7\u00b6@*/\\&#%\u2030\u2020\u2021"
-      u"\u2022\u2032`\u00b4\u02dc^\u00af\u00a8\u00b8\u00b0\u00a9\u00ae+\u00b1\u00f7\u00d7<=>\u00ac"
-      u"|\u00a6~\u00a4\u00a2$\u00a3\u00a5\u20ac";
+constexpr char16_t signOrder[] =
+    u"\t\n\v\f\r\u2028\u2029 _\u2017-\u2010\u2012\u2013\u2014\u2015,;:!\u00a1?\u00bf.\u00b7"
+    u"'\u2039\u203a\"\u201c\u201d\u201e\u00ab\u00bb()[]{}\u00a7\u00b6@*/\\&#%\u2030\u2020\u2021"
+    u"\u2022\u2032`\u00b4\u02dc^\u00af\u00a8\u00b8\u00b0\u00a9\u00ae+\u00b1\u00f7\u00d7<=>\u00ac"
+    u"|\u00a6~\u00a4\u00a2$\u00a3\u00a5\u20ac";
 
-constexpr char16_t markOrder[]
-    = u"\u0332\u0313\u0314\u0301\u0300\u0306\u0302\u030c\u030a\u0342\u0308\u030b\u0303\u0307\u0338"
-      u"\u0327\u0328\u0304\u0336\u0337\u0335\u0305\u0309\u030f\u0310\u0311\u031b\u0321\u0322\u0323"
-      u"\u0324\u0325\u0326\u032d\u032e\u0330\u0331\u0334\u0339\u0345\u0358";
+constexpr char16_t markOrder[] =
+    u"\u0332\u0313\u0314\u0301\u0300\u0306\u0302\u030c\u030a\u0342\u0308\u030b\u0303\u0307\u0338"
+    u"\u0327\u0328\u0304\u0336\u0337\u0335\u0305\u0309\u030f\u0310\u0311\u031b\u0321\u0322\u0323"
+    u"\u0324\u0325\u0326\u032d\u032e\u0330\u0331\u0334\u0339\u0345\u0358";
 
 // Marks of the table below that no combining character stands for sort after all that do.
 constexpr std::uint8_t firstCombiningMark = 1;
@@ -60,18 +60,18 @@ constexpr WholeLetter wholeLetters[] = {
 std::uint8_t markRank(char32_t mark)
 {
     const std::u16string_view order(markOrder);
-    const std::size_t place
-        = mark < 0x10000 ? order.find(static_cast<char16_t>(mark)) : std::u16string_view::npos;
+    const std::size_t place =
+        mark < 0x10000 ? order.find(static_cast<char16_t>(mark)) : std::u16string_view::npos;
     return place == std::u16string_view::npos
-        ? unlistedMark
-        : static_cast<std::uint8_t>(firstCombiningMark + place);
+               ? unlistedMark
+               : static_cast<std::uint8_t>(firstCombiningMark + place);
 }
 
 std::uint32_t signPrimary(char32_t sign)
 {
     const std::u16string_view order(signOrder);
-    const std::size_t place
-        = sign < 0x10000 ? order.find(static_cast<char16_t>(sign)) : std::u16string_view::npos;
+    const std::size_t place =
+        sign < 0x10000 ? order.find(static_cast<char16_t>(sign)) : std::u16string_view::npos;
     return place == std::u16string_view::npos ? 0 : static_cast<std::uint32_t>(place + 1);
 }
 
@@ -92,9 +92,9 @@ void appendWholeLetter(const WholeLetter &whole, std::vector<Atom> &atoms)
     for (const char *base = whole.bases; *base != '\0'; ++base) {
         atoms.push_back(baseAtom(static_cast<unsigned char>(*base)));
         if (base == whole.bases) {
-            const std::uint8_t rank = whole.mark >= 0x0300
-                ? markRank(whole.mark)
-                : static_cast<std::uint8_t>(firstOwnMark + whole.mark - 1);
+            const std::uint8_t rank =
+                whole.mark >= 0x0300 ? markRank(whole.mark)
+                                     : static_cast<std::uint8_t>(firstOwnMark + whole.mark - 1);
             atoms.push_back({0, rank, 0});
         }
     }
@@ -104,8 +104,8 @@ bool isIgnored(char32_t character)
 {
     const QChar::Category category = QChar::category(character);
     const bool isSpaceControl = character >= U'\t' && character <= U'\r';
-    return (category == QChar::Other_Control && !isSpaceControl)
-        || category == QChar::Other_Format || character == 0x034f;
+    return (category == QChar::Other_Control && !isSpaceControl) || category == QChar::Other_Format
+           || character == 0x034f;
 }
 
 void appendAtoms(char32_t character, std::vector<Atom> &atoms)

@@ -14,7 +14,7 @@ namespace dbaccess {
 struct Atom
 {
     std::uint32_t primary = 0; ///< place of the base letter, digit or sign in the order; 0 = a mark
-    std::uint8_t mark = 0; ///< rank of the mark; 0 = none
+    std::uint8_t mark = 0;     ///< rank of the mark; 0 = none
     std::uint8_t combiningClass = 0; ///< of a mark, for the canonical order of several marks
 
     bool operator==(const Atom &) const = default;
@@ -37,7 +37,7 @@ struct Element
 {
     static constexpr std::size_t maxMarks = 6; ///< more on one letter are not told apart
 
-    std::uint32_t primary = 0; ///< 0 only for marks at the very start of a text
+    std::uint32_t primary = 0;   ///< 0 only for marks at the very start of a text
     bool startsCharacter = true; ///< false for the e of æ
     std::uint8_t markCount = 0;
     std::array<std::uint8_t, maxMarks> marks {};
@@ -49,10 +49,7 @@ struct Element
 class ElementReader
 {
 public:
-    explicit ElementReader(std::string_view utf8)
-        : m_rest(utf8)
-    {
-    }
+    explicit ElementReader(std::string_view utf8) : m_rest(utf8) { }
 
     /// Fills the element and returns true, or returns false at the end of the text.
     bool next(Element &element);

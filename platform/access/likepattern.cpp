@@ -35,7 +35,7 @@ struct AsciiText
     bool letterMatches(const Element &wanted, std::size_t at) const
     {
         return wanted.markCount == 0
-            && wanted.primary == asciiPrimaries()[static_cast<unsigned char>(bytes[at])];
+               && wanted.primary == asciiPrimaries()[static_cast<unsigned char>(bytes[at])];
     }
 };
 
@@ -49,7 +49,8 @@ struct ElementText
     {
         const Element &found = elements[at];
         return wanted.primary == found.primary
-            && (wanted.markCount == 0 || std::ranges::equal(wanted.markList(), found.markList()));
+               && (wanted.markCount == 0
+                   || std::ranges::equal(wanted.markList(), found.markList()));
     }
 };
 
@@ -65,8 +66,7 @@ LikePattern::LikePattern(std::string_view utf8Pattern)
         for (const Element &letter : letters)
             m_steps.push_back({Kind::Letter, letter});
         if (length < utf8Pattern.size()) {
-            const Kind kind
-                = utf8Pattern[length] == '%' ? Kind::AnyCharacters : Kind::OneCharacter;
+            const Kind kind = utf8Pattern[length] == '%' ? Kind::AnyCharacters : Kind::OneCharacter;
             m_steps.push_back({kind, {}});
         }
         utf8Pattern.remove_prefix(std::min(length + 1, utf8Pattern.size()));

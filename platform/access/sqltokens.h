@@ -13,9 +13,9 @@ namespace dbaccess {
 struct SqlToken
 {
     enum class Kind {
-        Word, ///< keyword or plain name
+        Word,          ///< keyword or plain name
         BracketedName, ///< [name]
-        Literal, ///< 'text', or "text"
+        Literal,       ///< 'text', or "text"
         Number,
         Sign ///< operators and punctuation; "<=", ">=", "<>" are one token
     };

@@ -14,7 +14,7 @@ using Tokens = std::span<const SqlToken>;
 /// column (=, <, <=, >, >=, like) 'literal'
 struct Comparison
 {
-    QString column; ///< lower case, with its table if one is given
+    QString column;         ///< lower case, with its table if one is given
     QStringView columnText; ///< as written
     QStringView sign;
     const SqlToken *literal = nullptr;
@@ -125,7 +125,7 @@ QString keysetBound(Tokens conjunct)
     if (!direction)
         return {};
     return u" and " % first->columnText.toString() % u' ' % *direction % u"= "
-        % sqlLiteral(first->literal->literalText()) % u' ';
+           % sqlLiteral(first->literal->literalText()) % u' ';
 }
 
 QString prefixBound(Tokens conjunct, const QSet<QString> &textColumns)
@@ -145,7 +145,7 @@ QString prefixBound(Tokens conjunct, const QSet<QString> &textColumns)
     const QString column = comparison->columnText.toString();
     const QString beyond = prefix + QString::fromUcs4(U"\U0010ffff", 1);
     return u" and " % column % u" >= " % sqlLiteral(prefix) % u" and " % column % u" < "
-        % sqlLiteral(beyond) % u' ';
+           % sqlLiteral(beyond) % u' ';
 }
 
 } // namespace

@@ -15,7 +15,7 @@ namespace dbaccess {
 struct Bound
 {
     qsizetype position = 0; ///< in the statement, from 0
-    QString condition; ///< begins with " and "
+    QString condition;      ///< begins with " and "
 };
 
 /// Conditions that follow from a "where" clause and let the engine read straight off an index.

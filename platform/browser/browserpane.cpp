@@ -106,8 +106,7 @@ bool isAllowed(const QUrl &url)
     return QFileInfo(file).path() == thePageFolder;
 }
 
-BrowserPane::BrowserPane(QWidget *parent)
-    : QWidget(parent)
+BrowserPane::BrowserPane(QWidget *parent) : QWidget(parent)
 {
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins({});

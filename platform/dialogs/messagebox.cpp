@@ -27,8 +27,8 @@ int run(QMessageBox &box)
 
 void showMessage(const QString &text, Icon icon, const QString &title)
 {
-    QMessageBox box(icon == Icon::Critical ? QMessageBox::Critical : QMessageBox::Information, title,
-                    text, QMessageBox::Ok, QApplication::activeWindow());
+    QMessageBox box(icon == Icon::Critical ? QMessageBox::Critical : QMessageBox::Information,
+                    title, text, QMessageBox::Ok, QApplication::activeWindow());
     run(box);
 }
 

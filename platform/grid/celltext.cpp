@@ -10,8 +10,7 @@
 
 #include <algorithm>
 
-namespace grid
-{
+namespace grid {
 
 /// The text layout knows line separators only.
 static QString layoutText(QString text)
@@ -82,8 +81,7 @@ void drawWrappedText(QPainter *painter, const QRect &rect, Qt::Alignment alignme
     const QRect lastRect(origin.x(), origin.y() + qRound(last.y()), rect.width(),
                          qCeil(last.height()));
     painter->drawText(lastRect,
-                      static_cast<int>(alignment & Qt::AlignHorizontal_Mask)
-                              | Qt::TextSingleLine,
+                      static_cast<int>(alignment & Qt::AlignHorizontal_Mask) | Qt::TextSingleLine,
                       metrics.elidedText(rest, Qt::ElideRight, rect.width()));
 }
 

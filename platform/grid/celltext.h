@@ -9,8 +9,7 @@ class QFont;
 class QPainter;
 class QRect;
 
-namespace grid
-{
+namespace grid {
 
 /// The height in pixels that the text needs when it is wrapped to the width as a cell wraps it:
 /// between words where possible, within a word that is wider than the cell. At least one line.

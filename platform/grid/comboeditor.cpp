@@ -7,8 +7,7 @@
 #include <QKeyEvent>
 #include <QScrollBar>
 
-namespace grid
-{
+namespace grid {
 
 ComboEditor::ComboEditor(const QStringList &items, const QString &cellText, const QString &typed,
                          QWidget *parent)

@@ -5,8 +5,7 @@
 
 #include <QComboBox>
 
-namespace grid
-{
+namespace grid {
 
 /// The editor of a cell that takes one text out of a list. It lives only as long as its list is
 /// open: choosing an item or leaving the list in any other way ends the edit.

@@ -12,8 +12,7 @@
 
 #include <algorithm>
 
-namespace grid
-{
+namespace grid {
 
 static constexpr int defaultColumnWidth = 80;
 

@@ -10,8 +10,7 @@
 #include <span>
 #include <vector>
 
-namespace grid
-{
+namespace grid {
 
 class GridDelegate;
 class GridModel;

@@ -10,8 +10,7 @@
 #include <QLineEdit>
 #include <QScopedValueRollback>
 
-namespace grid
-{
+namespace grid {
 
 /// The key's text if it is one that would be typed into an editor, else empty.
 static QString printableText(const QKeyEvent &event)
@@ -22,7 +21,7 @@ static QString printableText(const QKeyEvent &event)
         return {};
     // Both together are AltGr on some keyboards.
     const Qt::KeyboardModifiers commands =
-            event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+        event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
     const bool typing = !commands || commands == (Qt::ControlModifier | Qt::AltModifier);
     return typing ? text : QString();
 }
@@ -115,7 +114,7 @@ void FlexGrid::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint /
     if (!editor || editor != m_editor)
         return;
     m_editor.clear();
-    const Position edited{m_editedCell.row() + 1, m_editedCell.column()};
+    const Position edited {m_editedCell.row() + 1, m_editedCell.column()};
     m_editedCell = QPersistentModelIndex();
     // The focus of the window, not of the application: another window may be the active one.
     const QWidget *focus = window()->focusWidget();

@@ -13,8 +13,7 @@
 
 #include <algorithm>
 
-namespace grid
-{
+namespace grid {
 
 static constexpr int smallestStretchWidth = 80;
 static constexpr int smallestVisibleWidth = 2;
@@ -191,7 +190,7 @@ int FlexGrid::stretchWidth() const
 bool FlexGrid::isStretched(int col) const
 {
     return col >= 0 && col == m_stretchColumn && col < columnCount()
-            && m_widths[static_cast<std::size_t>(col)].pixels >= smallestVisibleWidth;
+           && m_widths[static_cast<std::size_t>(col)].pixels >= smallestVisibleWidth;
 }
 
 void FlexGrid::applyColumnWidths()
@@ -203,8 +202,8 @@ void FlexGrid::applyColumnWidths()
     for (int col = 0; col < columnCount(); ++col) {
         const int width = columnPixelWidth(col);
         const bool stretched = isStretched(col);
-        header->setSectionResizeMode(col, stretched ? QHeaderView::Fixed
-                                                    : QHeaderView::Interactive);
+        header->setSectionResizeMode(col,
+                                     stretched ? QHeaderView::Fixed : QHeaderView::Interactive);
         header->setSectionHidden(col, width < smallestVisibleWidth);
         if (width >= smallestVisibleWidth)
             header->resizeSection(col, width);

@@ -5,8 +5,7 @@
 
 #include <QList>
 
-namespace grid
-{
+namespace grid {
 
 static ColumnFormat parseColumn(QStringView part)
 {

@@ -8,13 +8,12 @@
 
 #include <vector>
 
-namespace grid
-{
+namespace grid {
 
 /// What a format string says about one column.
 struct ColumnFormat
 {
-    QString heading; ///< without the blanks around it
+    QString heading;   ///< without the blanks around it
     QString widthText; ///< the heading with its trailing blanks: its width is the column's
     Qt::Alignment alignment = Qt::AlignLeft; ///< horizontal part only
 };

@@ -13,8 +13,7 @@
 
 #include <algorithm>
 
-namespace grid
-{
+namespace grid {
 
 static constexpr int pictureGap = 4;
 
@@ -113,9 +112,9 @@ void GridDelegate::paintContent(QPainter *painter, const QRect &content,
         group.setWidth(std::min(content.width(), taken + natural));
         group.moveLeft(content.left() + (content.width() - group.width()) / 2);
     }
-    const Qt::Alignment side = alone ? alignment
-            : alignment & Qt::AlignRight ? Qt::AlignRight | Qt::AlignVCenter
-                                         : Qt::AlignLeft | Qt::AlignVCenter;
+    const Qt::Alignment side = alone                        ? alignment
+                               : alignment & Qt::AlignRight ? Qt::AlignRight | Qt::AlignVCenter
+                                                            : Qt::AlignLeft | Qt::AlignVCenter;
     const QRect place = QStyle::alignedRect(Qt::LeftToRight, side, size, group);
     painter->setRenderHint(QPainter::SmoothPixmapTransform);
     painter->drawPixmap(place, picture);

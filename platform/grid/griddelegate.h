@@ -6,8 +6,7 @@
 #include <QPointer>
 #include <QStyledItemDelegate>
 
-namespace grid
-{
+namespace grid {
 
 /// Paints the cells of a grid and connects the editor that the grid has made to the edited cell.
 class GridDelegate : public QStyledItemDelegate

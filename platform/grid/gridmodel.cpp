@@ -6,8 +6,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace grid
-{
+namespace grid {
 
 int GridModel::rowCount(const QModelIndex &parent) const
 {
@@ -61,7 +60,7 @@ bool GridModel::setData(const QModelIndex &index, const QVariant &value, int rol
         return true;
     const bool announce = announces();
     m_rows[static_cast<std::size_t>(index.row())].cells[static_cast<std::size_t>(index.column())] =
-            std::move(changed);
+        std::move(changed);
     if (announce)
         Q_EMIT dataChanged(index, index);
     return true;
@@ -112,7 +111,7 @@ bool GridModel::insertRows(int row, int count, const QModelIndex &parent)
     const bool announce = announces();
     if (announce)
         beginInsertRows({}, row, row + count - 1);
-    const Row empty{std::vector<Cell>(m_columns.size()), 0};
+    const Row empty {std::vector<Cell>(m_columns.size()), 0};
     m_rows.insert(m_rows.begin() + row, static_cast<std::size_t>(count), empty);
     if (announce)
         endInsertRows();
@@ -154,7 +153,7 @@ void GridModel::setColumnCount(int count)
 
 void GridModel::appendRow(const QStringList &texts)
 {
-    Row added{std::vector<Cell>(m_columns.size()), 0};
+    Row added {std::vector<Cell>(m_columns.size()), 0};
     const int filled = std::min(columnCount(), static_cast<int>(texts.size()));
     for (int col = 0; col < filled; ++col)
         added.cells[static_cast<std::size_t>(col)].text = texts.at(col);
@@ -219,7 +218,7 @@ const GridModel::Cell *GridModel::cellAt(const QModelIndex &index) const
     if (!index.isValid() || index.row() >= rowCount() || index.column() >= columnCount())
         return nullptr;
     return &m_rows[static_cast<std::size_t>(index.row())]
-                    .cells[static_cast<std::size_t>(index.column())];
+                .cells[static_cast<std::size_t>(index.column())];
 }
 
 /// To be asked before each change: whether that change has to be announced by itself. In a batch

@@ -8,8 +8,7 @@
 
 #include <vector>
 
-namespace grid
-{
+namespace grid {
 
 /// The cells of a grid. Rows count from 0 and leave the header out; the headings are the model's
 /// horizontal header data. A picture is the cell's decoration role.

@@ -5,8 +5,7 @@
 
 #include "platform/grid/flexgrid.h"
 
-namespace grid
-{
+namespace grid {
 
 /// Keeps a grid from redrawing for as long as the lock lives. The grid has to outlive the lock.
 class RedrawLock

@@ -28,10 +28,10 @@ public:
     Oracle()
     {
         UErrorCode error = U_ZERO_ERROR;
-        const icu::UnicodeString rules
-            = icu::UnicodeString(u"&b<<ɓ &d<<ð<<ɗ<<ɖ &e<<ə<<ɛ<<ǝ &f<<ƒ &g<<ǥ<<ɣ &i<<ı<<ɨ<<ɩ &k<<ƙ "
-                                 u"&n<<ŋ<<ɲ &o<<ɔ &t<<ŧ &th<<þ &u<<ʉ<<ʊ &v<<ʋ &y<<ƴ &z<<ʒ "
-                                 u"&''<<‘<<’<<ʻ<<ʼ");
+        const icu::UnicodeString rules =
+            icu::UnicodeString(u"&b<<ɓ &d<<ð<<ɗ<<ɖ &e<<ə<<ɛ<<ǝ &f<<ƒ &g<<ǥ<<ɣ &i<<ı<<ɨ<<ɩ &k<<ƙ "
+                               u"&n<<ŋ<<ɲ &o<<ɔ &t<<ŧ &th<<þ &u<<ʉ<<ʊ &v<<ʋ &y<<ƴ &z<<ʒ "
+                               u"&''<<‘<<’<<ʻ<<ʼ");
         m_collator = std::make_unique<icu::RuleBasedCollator>(rules, error);
         m_collator->setStrength(icu::Collator::SECONDARY);
         m_collator->setAttribute(UCOL_NORMALIZATION_MODE, UCOL_ON, error);
@@ -109,14 +109,16 @@ private Q_SLOTS:
     {
         const Oracle oracle;
         const QList<QString> letters = {
-            QStringLiteral("a"), QStringLiteral("E"), QStringLiteral("é"), QStringLiteral("Ê"),
-            QStringLiteral("e"), QStringLiteral("ệ"), QStringLiteral("æ"), QStringLiteral("Ø"),
-            QStringLiteral("o"), QStringLiteral("ß"), QStringLiteral("s"), QStringLiteral("ı"),
-            QStringLiteral("İ"), QStringLiteral("i"), QStringLiteral("ł"), QStringLiteral("L"),
-            QStringLiteral("1"), QStringLiteral(" "), QStringLiteral("-"),
-            QStringLiteral("'"), QStringLiteral("’"), QStringLiteral(";"), QStringLiteral("."),
-            QString(QChar(0x0301)), QString(QChar(0x0323)), QString(QChar(0x0302)),
-            QString(QChar(0x0001)), QStringLiteral("d"), QStringLiteral("ð"), QStringLiteral("đ")};
+            QStringLiteral("a"),    QStringLiteral("E"),    QStringLiteral("é"),
+            QStringLiteral("Ê"),    QStringLiteral("e"),    QStringLiteral("ệ"),
+            QStringLiteral("æ"),    QStringLiteral("Ø"),    QStringLiteral("o"),
+            QStringLiteral("ß"),    QStringLiteral("s"),    QStringLiteral("ı"),
+            QStringLiteral("İ"),    QStringLiteral("i"),    QStringLiteral("ł"),
+            QStringLiteral("L"),    QStringLiteral("1"),    QStringLiteral(" "),
+            QStringLiteral("-"),    QStringLiteral("'"),    QStringLiteral("’"),
+            QStringLiteral(";"),    QStringLiteral("."),    QString(QChar(0x0301)),
+            QString(QChar(0x0323)), QString(QChar(0x0302)), QString(QChar(0x0001)),
+            QStringLiteral("d"),    QStringLiteral("ð"),    QStringLiteral("đ")};
         std::mt19937 random(7);
         std::uniform_int_distribution<qsizetype> anyLetter(0, letters.size() - 1);
         std::uniform_int_distribution<int> anyLength(0, 5);
@@ -131,24 +133,37 @@ private Q_SLOTS:
             const QString b = text();
             const int ours = signOf(dbaccess::compareTexts(a, b));
             if (ours != oracle.compare(a, b))
-                QFAIL(qPrintable(QStringLiteral("%1 / %2: %3").arg(codesOf(a), codesOf(b)).arg(ours)));
+                QFAIL(qPrintable(
+                    QStringLiteral("%1 / %2: %3").arg(codesOf(a), codesOf(b)).arg(ours)));
         }
     }
 
     void order_isLettersThenAccents()
     {
         // Each text sorts after the one before it; "=" before a text: with it.
-        const QStringList order
-            = {QString(),           QStringLiteral("-"),      QStringLiteral("7"),
-               QStringLiteral("A"), QStringLiteral("=a"),     QStringLiteral("á"),
-               QStringLiteral("=Á"), QStringLiteral("aa"),    QStringLiteral("Æ"),
-               QStringLiteral("af"), QStringLiteral("elodie"), QStringLiteral("Élodie"),
-               QStringLiteral("Eloise"), QStringLiteral("Isik"), QStringLiteral("Işık"),
-               QStringLiteral("O'Neil"), QStringLiteral("Oa"), QStringLiteral("Zoe"),
-               QStringLiteral("Zoë")};
+        const QStringList order = {QString(),
+                                   QStringLiteral("-"),
+                                   QStringLiteral("7"),
+                                   QStringLiteral("A"),
+                                   QStringLiteral("=a"),
+                                   QStringLiteral("á"),
+                                   QStringLiteral("=Á"),
+                                   QStringLiteral("aa"),
+                                   QStringLiteral("Æ"),
+                                   QStringLiteral("af"),
+                                   QStringLiteral("elodie"),
+                                   QStringLiteral("Élodie"),
+                                   QStringLiteral("Eloise"),
+                                   QStringLiteral("Isik"),
+                                   QStringLiteral("Işık"),
+                                   QStringLiteral("O'Neil"),
+                                   QStringLiteral("Oa"),
+                                   QStringLiteral("Zoe"),
+                                   QStringLiteral("Zoë")};
         for (qsizetype i = 1; i < order.size(); ++i) {
             const bool equal = order[i].startsWith(u'=');
-            const QString before = order[i - 1].startsWith(u'=') ? order[i - 1].sliced(1) : order[i - 1];
+            const QString before =
+                order[i - 1].startsWith(u'=') ? order[i - 1].sliced(1) : order[i - 1];
             const QString text = equal ? order[i].sliced(1) : order[i];
             QVERIFY2(signOf(dbaccess::compareTexts(before, text)) == (equal ? 0 : -1),
                      qPrintable(text));
@@ -159,7 +174,8 @@ private Q_SLOTS:
 
     void malformedUtf8_isReadWithinItsBounds()
     {
-        for (const char *bytes : {"\xff", "\xc3", "a\xe2\x82", "\xf0\x9f\x98", "\xc0\xaf", "\x80z"}) {
+        for (const char *bytes :
+             {"\xff", "\xc3", "a\xe2\x82", "\xf0\x9f\x98", "\xc0\xaf", "\x80z"}) {
             const std::string_view text(bytes);
             QCOMPARE(dbaccess::compareTexts(text, text), 0);
             QVERIFY(dbaccess::compareTexts(text, "a") != 0);

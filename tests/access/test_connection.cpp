@@ -50,8 +50,9 @@ private:
 
 std::vector<dictionary::Entry> someEntries()
 {
-    return support::entries({"Anna|G|Hebrew|grace", "Élodie|G|French|riches", "O'Neil|B|Irish|champion",
-                             "Elton|B|English|from a place name", "Noah|B|Hebrew|rest"});
+    return support::entries({"Anna|G|Hebrew|grace", "Élodie|G|French|riches",
+                             "O'Neil|B|Irish|champion", "Elton|B|English|from a place name",
+                             "Noah|B|Hebrew|rest"});
 }
 
 Reason reasonOf(const std::function<void()> &action)
@@ -84,7 +85,8 @@ public:
         sqlite3_create_collation_v2(
             m_handle, dbaccess::collationName, SQLITE_UTF8, nullptr,
             [](void *, int lengthA, const void *a, int lengthB, const void *b) {
-                const int order = std::memcmp(a, b, static_cast<std::size_t>(qMin(lengthA, lengthB)));
+                const int order =
+                    std::memcmp(a, b, static_cast<std::size_t>(qMin(lengthA, lengthB)));
                 return order != 0 ? -order : lengthB - lengthA;
             },
             nullptr);
@@ -105,9 +107,9 @@ private:
 /// A random name of few letters, so that many are alike but for case and accents.
 QString randomName(std::mt19937 &random)
 {
-    static const QStringList letters
-        = {QStringLiteral("a"), QStringLiteral("A"), QStringLiteral("á"), QStringLiteral("e"),
-           QStringLiteral("É"), QStringLiteral("'"), QStringLiteral("b"), QStringLiteral("æ")};
+    static const QStringList letters = {
+        QStringLiteral("a"), QStringLiteral("A"), QStringLiteral("á"), QStringLiteral("e"),
+        QStringLiteral("É"), QStringLiteral("'"), QStringLiteral("b"), QStringLiteral("æ")};
     QString name;
     for (auto length = 1 + random() % 3; length > 0; --length)
         name += letters[qsizetype(random() % std::size_t(letters.size()))];
@@ -129,7 +131,8 @@ private Q_SLOTS:
             QTest::addRow("%s", text) << QString::fromLatin1(text) << static_cast<int>(reason);
         };
         row("nonsense%1", Reason::ConnectionString);
-        row("DBQ=%1\\Tovarin.mdb;DRIVER={Other (*.x)};UID=admin;PWD=sesame;", Reason::UnknownDriver);
+        row("DBQ=%1\\Tovarin.mdb;DRIVER={Other (*.x)};UID=admin;PWD=sesame;",
+            Reason::UnknownDriver);
         row("DBQ=%1\\None.mdb;DRIVER={Microsoft Access Driver (*.mdb)};UID=admin;PWD=sesame;",
             Reason::MissingFile);
         row("DBQ=%1\\text.mdb;DRIVER={Microsoft Access Driver (*.mdb)};UID=admin;PWD=sesame;",
@@ -156,9 +159,8 @@ private Q_SLOTS:
         }
         ForeignCollation(sample.file(QStringLiteral("foreign.mdb"))).execute("create table t(a)");
         Connection connection;
-        QCOMPARE(static_cast<int>(reasonOf([&] {
-                     connection.open(connectionString.arg(sample.folder()));
-                 })),
+        QCOMPARE(static_cast<int>(
+                     reasonOf([&] { connection.open(connectionString.arg(sample.folder())); })),
                  reason);
         QVERIFY(!connection.isOpen());
         QVERIFY(!QFile::exists(sample.file(QStringLiteral("None.mdb"))));
@@ -207,8 +209,7 @@ private Q_SLOTS:
         QFile folder(sample.folder());
         file.setPermissions(QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
         folder.setPermissions(QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup
-                              | QFile::ExeGroup | QFile::ReadOther
-                              | QFile::ExeOther);
+                              | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther);
         {
             const OrdinaryUser user;
             Connection connection;
@@ -243,7 +244,8 @@ private Q_SLOTS:
         QVERIFY_THROWS_EXCEPTION(EngineError, rows.field(qsizetype(0)));
         // Nothing stays locked behind an open recordset.
         connection.execute(QStringLiteral("delete from tblmaster"));
-        QCOMPARE(connection.openRecordset(QStringLiteral("select top 0 * from tblorg")).rowCount(), 0);
+        QCOMPARE(connection.openRecordset(QStringLiteral("select top 0 * from tblorg")).rowCount(),
+                 0);
     }
 
     void selectInto_makesATableThatComparesAlike()
@@ -251,14 +253,14 @@ private Q_SLOTS:
         const support::SampleDatabase sample(someEntries());
         Connection connection;
         connection.open(basDatabase::ConnectionText(support::samplePassword()));
-        connection.execute(QStringLiteral(
-            "select name_desc, name_sex, 'X' as extra into copy from tblmaster where name_sex = 'G'"));
+        connection.execute(QStringLiteral("select name_desc, name_sex, 'X' as extra into copy from "
+                                          "tblmaster where name_sex = 'G'"));
         QCOMPARE(column(connection,
                         QStringLiteral("select name_desc from copy where name_desc = 'élodie' and "
                                        "extra = 'x' and name_sex <> 'g'")),
                  QStringList(QStringLiteral("Élodie")));
-        QVERIFY_THROWS_EXCEPTION(EngineError, 
-            connection.execute(QStringLiteral("select name_desc into copy from tblmaster")));
+        QVERIFY_THROWS_EXCEPTION(EngineError, connection.execute(QStringLiteral(
+                                                  "select name_desc into copy from tblmaster")));
         connection.execute(QStringLiteral("drop table copy"));
     }
 
@@ -294,12 +296,12 @@ private Q_SLOTS:
                     expected.append(entry.name % entry.sex % entry.origin);
             }
             const QString d = dbaccess::sqlLiteral(key);
-            const QString sql
-                = QStringLiteral("select name_desc || name_sex || org_desc from tblmaster, tblorg "
-                                 "where name_orgid = org_id and name_desc like %1 and ((name_desc %2 "
-                                 "%3) or (name_desc = %3 and name_sex %2 '%4')) order by name_desc, "
-                                 "name_sex, org_desc")
-                      .arg(dbaccess::sqlLiteral(pattern), forward ? u">" : u"<", d, sex);
+            const QString sql =
+                QStringLiteral("select name_desc || name_sex || org_desc from tblmaster, tblorg "
+                               "where name_orgid = org_id and name_desc like %1 and ((name_desc %2 "
+                               "%3) or (name_desc = %3 and name_sex %2 '%4')) order by name_desc, "
+                               "name_sex, org_desc")
+                    .arg(dbaccess::sqlLiteral(pattern), forward ? u">" : u"<", d, sex);
             QCOMPARE(column(connection, sql), expected);
         }
     }
@@ -331,9 +333,8 @@ private Q_SLOTS:
             Connection connection;
             connection.open(basDatabase::ConnectionText(support::samplePassword()));
             for (const dictionary::Entry &entry : someEntries())
-                QCOMPARE(column(connection,
-                                u"select name_desc from tblmaster where name_desc = "
-                                    % dbaccess::sqlLiteral(entry.name.toUpper())),
+                QCOMPARE(column(connection, u"select name_desc from tblmaster where name_desc = "
+                                                % dbaccess::sqlLiteral(entry.name.toUpper())),
                          QStringList(entry.name));
             QCOMPARE(column(connection, QStringLiteral("pragma integrity_check")),
                      QStringList(QStringLiteral("ok")));

@@ -19,11 +19,12 @@ private Q_SLOTS:
         QTest::addColumn<QString>("statement");
         QTest::addColumn<QString>("sql");
         const auto same = [](const char *statement) {
-            QTest::addRow("%s", statement) << QString::fromUtf8(statement)
-                                           << QString::fromUtf8(statement);
+            QTest::addRow("%s", statement)
+                << QString::fromUtf8(statement) << QString::fromUtf8(statement);
         };
         const auto row = [](const char *statement, const char *sql) {
-            QTest::addRow("%s", statement) << QString::fromUtf8(statement) << QString::fromUtf8(sql);
+            QTest::addRow("%s", statement)
+                << QString::fromUtf8(statement) << QString::fromUtf8(sql);
         };
         row("select top 100 a from t order by a ", "select  a from t order by a limit 100 ");
         row("SELECT TOP 0 a FROM t", "SELECT  a FROM t limit 0");
@@ -66,8 +67,8 @@ private Q_SLOTS:
     {
         QFETCH(QString, statement);
         QFETCH(QString, sql);
-        const dbaccess::Translation translation
-            = dbaccess::translateStatement(statement, {QStringLiteral("n")});
+        const dbaccess::Translation translation =
+            dbaccess::translateStatement(statement, {QStringLiteral("n")});
         QCOMPARE(translation.sql, sql);
         QVERIFY(translation.intoTable.isEmpty());
     }
@@ -82,8 +83,8 @@ private Q_SLOTS:
 
     void secondStatement_isRefused()
     {
-        for (const QString &statement :
-             {QStringLiteral("delete from t; drop table t"), QString(QStringLiteral("select 1") % QChar(0))})
+        for (const QString &statement : {QStringLiteral("delete from t; drop table t"),
+                                         QString(QStringLiteral("select 1") % QChar(0))})
             QVERIFY_THROWS_EXCEPTION(EngineError, dbaccess::translateStatement(statement, {}));
         dbaccess::translateStatement(QStringLiteral("select a from t where a = ';x'; "), {});
     }
@@ -93,11 +94,11 @@ private Q_SLOTS:
         const dbaccess::ConnectionString expected {QStringLiteral("/a;b/c.mdb"),
                                                    QStringLiteral("Some Driver (*.mdb)"),
                                                    QStringLiteral("admin"), QStringLiteral("p;w=")};
-        QVERIFY(dbaccess::parseConnectionString(
-                    QStringLiteral("DBQ=/a;b\\c.mdb;DRIVER={Some Driver (*.mdb)};UID=admin;PWD=p;w=;"))
+        QVERIFY(dbaccess::parseConnectionString(QStringLiteral(
+                    "DBQ=/a;b\\c.mdb;DRIVER={Some Driver (*.mdb)};UID=admin;PWD=p;w=;"))
                 == expected);
-        QVERIFY(dbaccess::parseConnectionString(
-                    QStringLiteral("dbq=/a;b\\c.mdb;Driver={Some Driver (*.mdb)};uid=admin;pwd=p;w="))
+        QVERIFY(dbaccess::parseConnectionString(QStringLiteral(
+                    "dbq=/a;b\\c.mdb;Driver={Some Driver (*.mdb)};uid=admin;pwd=p;w="))
                 == expected);
         for (const QString &text :
              {QString(), QStringLiteral("DBQ=x"), QStringLiteral("DRIVER={d};DBQ=x;UID=a;PWD=b;"),

@@ -24,7 +24,7 @@ public:
         const QDir built(QStringLiteral(PROGRAM_FOLDER));
         for (const QString &name : built.entryList(QDir::Files)) {
             const bool isUserFile = name.compare(u"Tovarin.mdb", Qt::CaseInsensitive) == 0
-                || name.compare(u"tovarin.dll", Qt::CaseInsensitive) == 0;
+                                    || name.compare(u"tovarin.dll", Qt::CaseInsensitive) == 0;
             const QDir from(isUserFile ? QStringLiteral(SHIPPED_FOLDER) : built.path());
             if (!QFile::copy(from.filePath(name), m_folder.filePath(name)))
                 qFatal("can't copy %s", qPrintable(name));
@@ -68,8 +68,8 @@ Run runProgram(const ProgramFolder &folder, const QString &script)
     }
     Run run {program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -2, {}};
     for (const QString &line : QString::fromUtf8(program.readAllStandardError()).split(u'\n')) {
-        if (line.startsWith(u"box: ") || line.startsWith(u"lbl")
-            || line.startsWith(u"frm") || line.startsWith(u"ms"))
+        if (line.startsWith(u"box: ") || line.startsWith(u"lbl") || line.startsWith(u"frm")
+            || line.startsWith(u"ms"))
             run.said.append(line);
     }
     return run;
@@ -98,8 +98,8 @@ private Q_SLOTS:
         QVERIFY2(found > 0, qPrintable(run.said.join(u'\n')));
         QCOMPARE(run.said.value(2), QStringLiteral("lblRecStatus: %1 record(s) found").arg(found));
         QCOMPARE(run.said.value(3), QStringLiteral("msSearchList: %1").arg(qMin(found, 100)));
-        const QString question = QStringLiteral(
-            "box: [Tovarin Names Dictionary 0.1.0] Are you sure you want to exit?");
+        const QString question =
+            QStringLiteral("box: [Tovarin Names Dictionary 0.1.0] Are you sure you want to exit?");
         QCOMPARE(run.said.value(4), question);
         QCOMPARE(run.said.value(5), QStringLiteral("lblPage: Page 1 of 1"));
         QCOMPARE(run.said.value(6), question);
@@ -122,14 +122,14 @@ private Q_SLOTS:
         const QString corrupted = QStringLiteral("box: [Error] Database is corrupted!");
         QTest::addRow("no key file") << QByteArray("tovarin.dll") << QByteArray() << failed;
         QTest::addRow("empty key file") << QByteArray("tovarin.dll") << QByteArray("") << failed;
-        QTest::addRow("empty first line") << QByteArray("tovarin.dll") << QByteArray("\nx")
-                                          << corrupted;
-        QTest::addRow("wrong password") << QByteArray("tovarin.dll") << QByteArray("wrong\n")
-                                        << failed;
+        QTest::addRow("empty first line")
+            << QByteArray("tovarin.dll") << QByteArray("\nx") << corrupted;
+        QTest::addRow("wrong password")
+            << QByteArray("tovarin.dll") << QByteArray("wrong\n") << failed;
         QTest::addRow("no database") << QByteArray("Tovarin.mdb") << QByteArray() << failed;
         QTest::addRow("empty database") << QByteArray("Tovarin.mdb") << QByteArray("") << failed;
-        QTest::addRow("no database at all") << QByteArray("Tovarin.mdb") << QByteArray(9999, 'x')
-                                            << failed;
+        QTest::addRow("no database at all")
+            << QByteArray("Tovarin.mdb") << QByteArray(9999, 'x') << failed;
     }
 
     void brokenFolder_endsTheProgramWithItsMessage()

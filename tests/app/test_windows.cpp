@@ -34,8 +34,7 @@ Application *application = nullptr;
 class Folder : public support::SampleDatabase
 {
 public:
-    Folder()
-        : SampleDatabase(support::entries({"Anna|G|Hebrew|grace", "Noah|B|Hebrew|rest"}))
+    Folder() : SampleDatabase(support::entries({"Anna|G|Hebrew|grace", "Noah|B|Hebrew|rest"}))
     {
         browser::setPageFolder(folder());
         for (const char *name : {"things.htm", "popular.htm", "tovarinhelp.htm", "terms.htm",
@@ -75,7 +74,7 @@ int widthNeeded(const QWidget *control)
     const auto *combo = qobject_cast<const QComboBox *>(control);
     const auto *label = qobject_cast<const QLabel *>(control);
     const bool isFixedText = qobject_cast<const QAbstractButton *>(control)
-        || (combo && !combo->isEditable()) || (label && !label->wordWrap());
+                             || (combo && !combo->isEditable()) || (label && !label->wordWrap());
     return isFixedText ? control->sizeHint().width() : 0;
 }
 
@@ -140,10 +139,12 @@ private Q_SLOTS:
         window.show();
         auto *tabs = window.findChild<QTabWidget *>(QStringLiteral("tabInfo"));
         QCOMPARE(tabs->currentIndex(), 0);
-        const QStringList captions
-            = {QStringLiteral("Things to Consider"), QStringLiteral("Popular"),
-               QStringLiteral("Search"), QStringLiteral("Worksheet"), QStringLiteral("Help"),
-               QStringLiteral("About")};
+        const QStringList captions = {QStringLiteral("Things to Consider"),
+                                      QStringLiteral("Popular"),
+                                      QStringLiteral("Search"),
+                                      QStringLiteral("Worksheet"),
+                                      QStringLiteral("Help"),
+                                      QStringLiteral("About")};
         QString keys;
         for (int i = 0; i < tabs->count(); ++i) {
             QCOMPARE(tabs->tabText(i), captions[i]);
@@ -199,9 +200,9 @@ private Q_SLOTS:
             BoxReader no(QMessageBox::No);
             QVERIFY(!window.close());
             QCOMPARE(no.boxes(),
-                     (std::vector {support::Box {QMessageBox::Question,
-                                                 QStringLiteral("Tovarin Names Dictionary 1.2"),
-                                                 QStringLiteral("Are you sure you want to exit?")}}));
+                     (std::vector {support::Box {
+                         QMessageBox::Question, QStringLiteral("Tovarin Names Dictionary 1.2"),
+                         QStringLiteral("Are you sure you want to exit?")}}));
         }
         QVERIFY(window.isVisible());
         QCOMPARE(basDatabase::GetFieldValue(QStringLiteral("select count(*) from tblmaster")),
@@ -283,13 +284,15 @@ private Q_SLOTS:
                                     .arg(control->width())
                                     .arg(widthNeeded(control))));
             if (label && label->wordWrap())
-                QVERIFY2(label->height() >= label->heightForWidth(label->width()), name.constData());
+                QVERIFY2(label->height() >= label->heightForWidth(label->width()),
+                         name.constData());
             for (QWidget *other : controls) {
                 const bool areSiblings = other != control && !other->isHidden()
-                    && other->parentWidget() == control->parentWidget();
+                                         && other->parentWidget() == control->parentWidget();
                 if (areSiblings)
-                    QVERIFY2(!placeIn(&window, control).intersects(placeIn(&window, other)),
-                             qPrintable(QString(control->objectName() % u' ' % other->objectName())));
+                    QVERIFY2(
+                        !placeIn(&window, control).intersects(placeIn(&window, other)),
+                        qPrintable(QString(control->objectName() % u' ' % other->objectName())));
             }
         }
     }
@@ -303,10 +306,12 @@ private Q_SLOTS:
         window.show();
         for (QWidget *top : {static_cast<QWidget *>(&splash), static_cast<QWidget *>(&window)}) {
             for (QWidget *control : top->findChildren<QWidget *>()) {
-                const bool isOurs = control->focusPolicy() != Qt::NoFocus
+                const bool isOurs =
+                    control->focusPolicy() != Qt::NoFocus
                     && !control->objectName().startsWith(u"qt_")
                     && QByteArray(control->metaObject()->className()).indexOf("Private") < 0;
-                const bool isInnerPart = qobject_cast<QComboBox *>(control->parentWidget())
+                const bool isInnerPart =
+                    qobject_cast<QComboBox *>(control->parentWidget())
                     || control->parentWidget()->inherits("QAbstractScrollArea")
                     || control->parentWidget()->inherits("QComboBoxPrivateContainer")
                     || control->parentWidget()->inherits("browser::BrowserPane")
@@ -314,7 +319,8 @@ private Q_SLOTS:
                 if (!isOurs || isInnerPart)
                     continue;
                 QVERIFY2(!control->objectName().isEmpty(), control->metaObject()->className());
-                QVERIFY2(!nameForScreenReader(control).isEmpty(), qPrintable(control->objectName()));
+                QVERIFY2(!nameForScreenReader(control).isEmpty(),
+                         qPrintable(control->objectName()));
             }
         }
     }

@@ -53,11 +53,20 @@ private Q_SLOTS:
         };
         row("any text", "", "any text");
         row("", "KEY", "");
-        row("\x82\x83", "A", "AB"); // one letter: the same code from every character
-        row("\x82\x83", "a", "AB"); // the key counts as upper case
+        row("\x82\x83", "A", "AB");       // one letter: the same code from every character
+        row("\x82\x83", "a", "AB");       // the key counts as upper case
         row("\x83\x82\x83", "AB", "AAA"); // the first character meets the second letter
-        row("A", "B", "\xff"); // below zero it goes round
-        row("\x9b" "\xc7" "\xc2" "\xad" "\xaf" "\xb6" "\xbe" "\x7a" "\x88", "MORVANTE", "Lullaby-9");
+        row("A", "B", "\xff");            // below zero it goes round
+        row("\x9b"
+            "\xc7"
+            "\xc2"
+            "\xad"
+            "\xaf"
+            "\xb6"
+            "\xbe"
+            "\x7a"
+            "\x88",
+            "MORVANTE", "Lullaby-9");
     }
 
     void decodeText_subtractsTheShiftedKey()
@@ -73,8 +82,8 @@ private Q_SLOTS:
     {
         QTest::addColumn<QByteArray>("content");
         QTest::addColumn<QString>("password");
-        const QByteArray encoded
-            = basTovarin::EncodeText(QStringLiteral("sesame"), QStringLiteral("MORVANTE")).toLatin1();
+        const QByteArray encoded =
+            basTovarin::EncodeText(QStringLiteral("sesame"), QStringLiteral("MORVANTE")).toLatin1();
         QTest::addRow("one line") << encoded + '\n' << QStringLiteral("sesame");
         QTest::addRow("no line end") << encoded << QStringLiteral("sesame");
         QTest::addRow("more lines") << encoded + "\r\nignored\r\n" << QStringLiteral("sesame");
@@ -161,8 +170,10 @@ private Q_SLOTS:
         QVERIFY(basDatabase::ExecuteSQL(QStringLiteral("update tblmaster set name_select = 'Y' ")));
         dbaccess::Connection other;
         other.open(basDatabase::ConnectionText(support::samplePassword()));
-        QCOMPARE(other.openRecordset(QStringLiteral("select count(*) from tblmaster where "
-                                                    "name_select = 'Y'")).text(0),
+        QCOMPARE(other
+                     .openRecordset(QStringLiteral("select count(*) from tblmaster where "
+                                                   "name_select = 'Y'"))
+                     .text(0),
                  QStringLiteral("2"));
     }
 

@@ -61,7 +61,10 @@ private Q_SLOTS:
         const Placement designed[] = {{"a", 1, 2, 3, 4}, {"b", 5, 6, 7, 8}};
         const layout::Change changes[] = {
             {"b", {}, {Kind::Grow, 10}, {Kind::Fixed, 50}, {}},
-            {"a", {Kind::Fixed, 9}, {Kind::TopOf, 0, "b"}, {Kind::WidthOf, -1, "b"},
+            {"a",
+             {Kind::Fixed, 9},
+             {Kind::TopOf, 0, "b"},
+             {Kind::WidthOf, -1, "b"},
              {Kind::HeightOf, 2, "b"}},
         };
         const std::vector<Placement> expected {{"a", 9, 16, 49, 10}, {"b", 5, 16, 50, 8}};
@@ -132,8 +135,8 @@ private Q_SLOTS:
 
         const QFontMetrics metrics(page.font());
         const int line = metrics.height();
-        const int air = qRound(QFontMetrics(form.font()).boundingRect(QStringLiteral("Wg")).height()
-                               / 5.0);
+        const int air =
+            qRound(QFontMetrics(form.font()).boundingRect(QStringLiteral("Wg")).height() / 5.0);
         QCOMPARE(page.rowPixelHeight(0), headerHeight);
         QCOMPARE(page.rowPixelHeight(1), line + air);
         QVERIFY(page.rowPixelHeight(2) >= 3 * line + air);

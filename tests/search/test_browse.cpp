@@ -29,8 +29,7 @@ namespace {
 class Tab
 {
 public:
-    explicit Tab(const std::vector<Entry> &entries)
-        : m_database(entries)
+    explicit Tab(const std::vector<Entry> &entries) : m_database(entries)
     {
         basDatabase::OpenDatabase();
         m_frame.setParent(&m_window);
@@ -97,19 +96,16 @@ bool matches(const QString &text, const QString &pattern)
 class RandomWorld
 {
 public:
-    explicit RandomWorld(unsigned seed)
-        : m_random(seed)
-    {
-    }
+    explicit RandomWorld(unsigned seed) : m_random(seed) { }
 
     int below(int limit) { return int(m_random() % unsigned(limit)); }
 
     QString word(int longest)
     {
-        static const QStringList letters
-            = {QStringLiteral("a"), QStringLiteral("B"), QStringLiteral("é"), QStringLiteral("E"),
-               QStringLiteral("'"), QStringLiteral("%"), QStringLiteral("_"), QStringLiteral("æ"),
-               QStringLiteral(" ")};
+        static const QStringList letters = {
+            QStringLiteral("a"), QStringLiteral("B"), QStringLiteral("é"),
+            QStringLiteral("E"), QStringLiteral("'"), QStringLiteral("%"),
+            QStringLiteral("_"), QStringLiteral("æ"), QStringLiteral(" ")};
         QString text;
         for (int length = 1 + below(longest); length > 0; --length)
             text += letters[below(int(letters.size()))];
@@ -121,14 +117,14 @@ public:
         std::vector<Entry> entries;
         for (int i = 0; i < size; ++i)
             entries.push_back({word(3), below(2) ? u'B' : u'G',
-                            QStringList({QStringLiteral("Irish"), QStringLiteral("Côte d'Or"),
-                                         QStringLiteral("côte D'Or 2")})[below(3)],
-                            word(4)});
+                               QStringList({QStringLiteral("Irish"), QStringLiteral("Côte d'Or"),
+                                            QStringLiteral("côte D'Or 2")})[below(3)],
+                               word(4)});
         // A name stands once for each origin and sex.
         std::ranges::sort(entries, isBefore);
         const auto repeated = std::ranges::unique(entries, [](const Entry &a, const Entry &b) {
             return dbaccess::compareTexts(a.name, b.name) == 0 && a.sex == b.sex
-                && a.origin == b.origin;
+                   && a.origin == b.origin;
         });
         entries.erase(repeated.begin(), repeated.end());
         return entries;
@@ -161,18 +157,17 @@ private:
         std::ranges::sort(found, isBefore);
         const int count = int(found.size());
         QCOMPARE(tab.label("lblRecStatus"), QStringLiteral("%1 record(s) found").arg(count));
-        QCOMPARE(tab.label("lblPage"), QStringLiteral("Page %1 of %2")
-                                           .arg(count > 0 ? 1 : 0)
-                                           .arg((count + 99) / 100));
+        QCOMPARE(tab.label("lblPage"),
+                 QStringLiteral("Page %1 of %2").arg(count > 0 ? 1 : 0).arg((count + 99) / 100));
         QCOMPARE(tab.label("lblRecSelected"), QString::number(tickCount));
         QStringList expected;
         for (int i = 0; i < qMin(count, 100); ++i) {
             const Entry &entry = found[std::size_t(i)];
             const QString tick = ticked.contains(entry.name) ? QStringLiteral("_") : QString();
-            expected.append(QStringList({QString::number(i + 1),
-                                         dbaccess::firstPlainLetter(entry.name), entry.name,
-                                         entry.sex, entry.origin, entry.meaning, tick})
-                                .join(u'|'));
+            expected.append(
+                QStringList({QString::number(i + 1), dbaccess::firstPlainLetter(entry.name),
+                             entry.name, entry.sex, entry.origin, entry.meaning, tick})
+                    .join(u'|'));
         }
         QCOMPARE(tab.rows(), expected);
     }
@@ -184,7 +179,8 @@ private Q_SLOTS:
         QCOMPARE(tab.label("lblRecStatus"), QStringLiteral("0 record(s) found"));
         for (const char *name : {"optList_0", "optList1_0", "optSearch_0"})
             QVERIFY(tab.control<QRadioButton>(name)->isChecked());
-        QCOMPARE(tab.control<QComboBox>("cboNameCondition")->currentText(), QStringLiteral("Exact"));
+        QCOMPARE(tab.control<QComboBox>("cboNameCondition")->currentText(),
+                 QStringLiteral("Exact"));
         QCOMPARE(tab.control<QComboBox>("cboAlphabet")->currentText(), QStringLiteral("A"));
         QCOMPARE(tab.control<QComboBox>("cboAlphabet")->count(), 26);
         QCOMPARE(tab.control<QComboBox>("cboOrigin")->currentText(), QStringLiteral("All"));
@@ -197,17 +193,17 @@ private Q_SLOTS:
         Tab tab(support::entries({"Anna|G|Hebrew|grace"}));
         QStringList statements;
         basDatabase::WatchStatements([&](const QString &sql) { statements.append(sql); });
-        const QString ticks
-            = QStringLiteral("select count(*) from tblmaster where name_select = 'Y' ");
+        const QString ticks =
+            QStringLiteral("select count(*) from tblmaster where name_select = 'Y' ");
         const auto expect = [&](const char *clause) {
             const QString text = QString::fromUtf8(clause);
-            QCOMPARE(std::exchange(statements, {}),
-                     QStringList({u"select count(*) from tblmaster, tblmeaning, tblorg " % text,
-                                  u"select top 100 name_first, name_desc, name_sex, org_desc, "
-                                  u"meaning_name, name_select from tblmaster, tblmeaning, tblorg "
-                                      % text
-                                      % u" order by name_desc, name_sex, org_desc, meaning_name ",
-                                  ticks}));
+            QCOMPARE(
+                std::exchange(statements, {}),
+                QStringList({u"select count(*) from tblmaster, tblmeaning, tblorg " % text,
+                             u"select top 100 name_first, name_desc, name_sex, org_desc, "
+                             u"meaning_name, name_select from tblmaster, tblmeaning, tblorg "
+                                 % text % u" order by name_desc, name_sex, org_desc, meaning_name ",
+                             ticks}));
         };
         tab.control<QLineEdit>("txtSearchName")->setText(QStringLiteral("O'N"));
         tab.control<QComboBox>("cboNameCondition")->setCurrentIndex(3);
@@ -232,7 +228,9 @@ private Q_SLOTS:
         const auto press = [&](const char *name, Qt::Key key) {
             statements.clear();
             QTest::keyClick(tab.control<QWidget>(name), key);
-            return statements.value(0).contains(u"like 'A%'") ? u'L' : statements.isEmpty() ? u'-' : u'S';
+            return statements.value(0).contains(u"like 'A%'") ? u'L'
+                   : statements.isEmpty()                     ? u'-'
+                                                              : u'S';
         };
         for (const char *name : {"txtSearchName", "cboNameCondition", "cboOrigin", "txtMeaning",
                                  "chkSelected", "optSearch_0", "optSearch_1", "optSearch_2"})
@@ -255,11 +253,12 @@ private Q_SLOTS:
             int tickCount = 0;
             for (int i = world.below(4); i > 0 && !all.empty(); --i) {
                 const QString name = all[std::size_t(world.below(int(all.size())))].name;
-                basDatabase::ExecuteSQL(u"update tblmaster set name_select = 'Y' where name_desc = '"
-                                        % basDatabase::QuoteSQL(name) % u'\'');
+                basDatabase::ExecuteSQL(
+                    u"update tblmaster set name_select = 'Y' where name_desc = '"
+                    % basDatabase::QuoteSQL(name) % u'\'');
             }
-            for (auto rows = basDatabase::OpenRecordset(QStringLiteral(
-                     "select name_desc from tblmaster where name_select = 'Y'"));
+            for (auto rows = basDatabase::OpenRecordset(
+                     QStringLiteral("select name_desc from tblmaster where name_select = 'Y'"));
                  !rows->isAtEnd(); rows->moveNext(), ++tickCount)
                 ticked.insert(rows->text(qsizetype(0)));
             for (int round = 0; round < 60; ++round) {
@@ -269,9 +268,9 @@ private Q_SLOTS:
                 const int sex = world.below(3);
                 const bool tickedOnly = world.below(5) == 0;
                 QComboBox &origins = *tab.control<QComboBox>("cboOrigin");
-                const QString origin = world.below(3) ? QStringLiteral("All")
-                    : world.below(2)                  ? QStringLiteral("CÔTE D'OR")
-                                                      : QStringLiteral("Irish ");
+                const QString origin = world.below(3)   ? QStringLiteral("All")
+                                       : world.below(2) ? QStringLiteral("CÔTE D'OR")
+                                                        : QStringLiteral("Irish ");
                 origins.setEditText(origin);
                 tab.control<QLineEdit>("txtSearchName")->setText(name);
                 tab.control<QLineEdit>("txtMeaning")->setText(meaning);
@@ -280,19 +279,20 @@ private Q_SLOTS:
                 tab.control<QCheckBox>("chkSelected")->setChecked(tickedOnly);
                 tab.click("cmdSearch");
 
-                const QString patterns[] = {QString(), QString(name % u'%'),
-                                            QString(u'%' % name), QString(u'%' % name % u'%')};
+                const QString patterns[] = {QString(), QString(name % u'%'), QString(u'%' % name),
+                                            QString(u'%' % name % u'%')};
                 std::vector<Entry> found;
                 std::ranges::copy_if(all, std::back_inserter(found), [&](const Entry &entry) {
-                    const bool nameFits = name.isEmpty()
+                    const bool nameFits =
+                        name.isEmpty()
                         || (rule == 0 ? dbaccess::compareTexts(entry.name, name) == 0
                                       : matches(entry.name, patterns[rule]));
-                    const bool originFits = origin == u"All"
-                        || dbaccess::compareTexts(entry.origin, origin) == 0;
-                    const bool meaningFits
-                        = meaning.isEmpty() || matches(entry.meaning, u'%' % meaning % u'%');
+                    const bool originFits =
+                        origin == u"All" || dbaccess::compareTexts(entry.origin, origin) == 0;
+                    const bool meaningFits =
+                        meaning.isEmpty() || matches(entry.meaning, u'%' % meaning % u'%');
                     return nameFits && originFits && meaningFits && isOfSex(entry, sex)
-                        && (!tickedOnly || ticked.contains(entry.name));
+                           && (!tickedOnly || ticked.contains(entry.name));
                 });
                 compareWithPage(tab, found, ticked, tickCount);
                 if (QTest::currentTestFailed())
@@ -307,9 +307,9 @@ private Q_SLOTS:
         const std::vector<Entry> all = world.dictionary(500);
         Tab tab(all);
         for (int round = 0; round < 60; ++round) {
-            const QString letter = QStringList({QStringLiteral("A"), QStringLiteral("B"),
-                                                QStringLiteral("C"), QStringLiteral("E"),
-                                                QStringLiteral("I")})[world.below(5)];
+            const QString letter =
+                QStringList({QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C"),
+                             QStringLiteral("E"), QStringLiteral("I")})[world.below(5)];
             const int field = world.below(3);
             const int sex = world.below(3);
             tab.control<QComboBox>("cboAlphabet")->setCurrentText(letter);
@@ -318,9 +318,9 @@ private Q_SLOTS:
             tab.click("cmdList");
             std::vector<Entry> found;
             std::ranges::copy_if(all, std::back_inserter(found), [&](const Entry &entry) {
-                const QString &text = field == 0 ? entry.name
-                    : field == 1                 ? entry.meaning
-                                                 : entry.origin;
+                const QString &text = field == 0   ? entry.name
+                                      : field == 1 ? entry.meaning
+                                                   : entry.origin;
                 return matches(text, letter % u'%') && isOfSex(entry, sex);
             });
             compareWithPage(tab, found, {}, 0);
@@ -331,7 +331,8 @@ private Q_SLOTS:
 
     void ticks_areShownAsPicturesAndSaidAloud()
     {
-        Tab tab(support::entries({"Anna|B|Hebrew|grace", "Noah|B|Hebrew|rest", "Zed|B|Hebrew|x y"}));
+        Tab tab(
+            support::entries({"Anna|B|Hebrew|grace", "Noah|B|Hebrew|rest", "Zed|B|Hebrew|x y"}));
         basDatabase::ExecuteSQL(
             QStringLiteral("update tblmaster set name_select = 'Y' where name_desc = 'Noah'"));
         basDatabase::ExecuteSQL(
@@ -341,7 +342,9 @@ private Q_SLOTS:
         tab.click("cmdSearch");
         grid::FlexGrid &page = tab.page();
         QCOMPARE(page.rowText(3), QStringLiteral("3\tZ\tZed\tB\tHebrew\t\t"));
-        const auto picture = [&](int row) { return page.picture(row, search::TickColumn).toImage(); };
+        const auto picture = [&](int row) {
+            return page.picture(row, search::TickColumn).toImage();
+        };
         const auto pictureOf = [&](const char *name) {
             return tab.control<QLabel>(name)->pixmap().toImage();
         };

@@ -41,7 +41,8 @@ private Q_SLOTS:
         row({.sex = Sex::Both, .name = name, .nameRule = NameRule::StartsWith},
             "where name_desc like 'An%' and name_mid = meaning_id and name_orgid = org_id ");
         row({.sex = Sex::Boy, .name = name, .nameRule = NameRule::EndsWith},
-            "where name_sex = 'B' and name_desc like '%An' and name_mid = meaning_id and name_orgid "
+            "where name_sex = 'B' and name_desc like '%An' and name_mid = meaning_id and "
+            "name_orgid "
             "= org_id ");
         row({.sex = Sex::Both, .name = QStringLiteral(" O'N%_ "), .nameRule = NameRule::Contains},
             "where name_desc like '% O''N%_ %' and name_mid = meaning_id and name_orgid = org_id ");
@@ -50,7 +51,8 @@ private Q_SLOTS:
         row({.sex = Sex::Both, .origin = QStringLiteral("Côte d'Or")},
             "where org_desc = 'Côte d''Or' and name_mid = meaning_id and name_orgid = org_id ");
         row({.sex = Sex::Both, .meaning = QStringLiteral("king's")},
-            "where meaning_name like '%king''s%' and name_mid = meaning_id and name_orgid = org_id ");
+            "where meaning_name like '%king''s%' and name_mid = meaning_id and name_orgid = "
+            "org_id ");
         row({.sex = Sex::Girl,
              .name = name,
              .nameRule = NameRule::StartsWith,
@@ -58,7 +60,8 @@ private Q_SLOTS:
              .meaning = QStringLiteral("fire"),
              .tickedOnly = true},
             "where name_sex = 'G' and name_desc like 'An%' and org_desc = 'Irish' and meaning_name "
-            "like '%fire%' and name_mid = meaning_id and name_orgid = org_id and name_select = 'Y' ");
+            "like '%fire%' and name_mid = meaning_id and name_orgid = org_id and name_select = "
+            "'Y' ");
     }
 
     void searchClause_isBuiltInOrder()
@@ -76,7 +79,8 @@ private Q_SLOTS:
             QTest::addRow("%s", clause) << criteria << QString::fromUtf8(clause);
         };
         row({ListField::Name, QStringLiteral("A"), Sex::Boy},
-            "where name_desc like 'A%' and name_sex = 'B' and name_mid = meaning_id and name_orgid = "
+            "where name_desc like 'A%' and name_sex = 'B' and name_mid = meaning_id and name_orgid "
+            "= "
             "org_id ");
         row({ListField::Meaning, QStringLiteral("B"), Sex::Girl},
             "where meaning_name like 'B%' and name_sex = 'G' and name_mid = meaning_id and "
@@ -94,8 +98,14 @@ private Q_SLOTS:
 
     void pageCount_roundsUp()
     {
-        for (const auto &[names, pages] : {std::pair(0, 0), {1, 1}, {99, 1}, {100, 1}, {101, 2},
-                                           {200, 2}, {201, 3}, {3276700, 32767}})
+        for (const auto &[names, pages] : {std::pair(0, 0),
+                                           {1, 1},
+                                           {99, 1},
+                                           {100, 1},
+                                           {101, 2},
+                                           {200, 2},
+                                           {201, 3},
+                                           {3276700, 32767}})
             QCOMPARE(search::pageCount(names), std::int16_t(pages));
         QVERIFY_THROWS_EXCEPTION(std::overflow_error, search::pageCount(3276701));
     }

@@ -13,15 +13,14 @@ namespace support {
 
 char *toString(const Box &box)
 {
-    const QString icon = box.icon == QMessageBox::Critical ? QStringLiteral("critical")
-        : box.icon == QMessageBox::Information             ? QStringLiteral("information")
-        : box.icon == QMessageBox::Question                ? QStringLiteral("question")
-                                                           : QStringLiteral("other");
+    const QString icon = box.icon == QMessageBox::Critical      ? QStringLiteral("critical")
+                         : box.icon == QMessageBox::Information ? QStringLiteral("information")
+                         : box.icon == QMessageBox::Question    ? QStringLiteral("question")
+                                                                : QStringLiteral("other");
     return QTest::toString(QString(icon % u" [" % box.title % u"] " % box.text));
 }
 
-BoxReader::BoxReader(QMessageBox::StandardButton answer)
-    : m_answer(answer)
+BoxReader::BoxReader(QMessageBox::StandardButton answer) : m_answer(answer)
 {
     connect(&m_timer, &QTimer::timeout, this, &BoxReader::answerOpenBox);
     m_timer.start(0);
@@ -39,7 +38,9 @@ void BoxReader::answerOpenBox()
         return;
     m_boxes.push_back({box->icon(), box->windowTitle(), box->text()});
     QAbstractButton *button = box->button(m_answer);
-    (button ? button : box->defaultButton() ? box->defaultButton() : box->buttons().first())
+    (button                 ? button
+     : box->defaultButton() ? box->defaultButton()
+                            : box->buttons().first())
         ->click();
 }
 

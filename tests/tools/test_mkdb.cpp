@@ -96,8 +96,9 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         write(folder.filePath(QStringLiteral("a.tsv")), "# Origin: Irish\nAnna\tG\tgrace\n");
         write(folder.filePath(QStringLiteral("b.tsv")), "# Origin: Irish\nBrian\tB\thigh\n");
-        QCOMPARE(dictionary::readFolder(folder.path()).problems,
-                 QStringList(QStringLiteral("b.tsv:1: the origin \"Irish\" has a file already: a.tsv")));
+        QCOMPARE(
+            dictionary::readFolder(folder.path()).problems,
+            QStringList(QStringLiteral("b.tsv:1: the origin \"Irish\" has a file already: a.tsv")));
     }
 
     void sorting_mendsTheOrderAndNothingElse()
@@ -106,8 +107,9 @@ private Q_SLOTS:
         const QString path = folder.filePath(QStringLiteral("names.tsv"));
         write(path, "# Origin: Irish\nZoe\tG\tlife\nÉda\tG\tx y\n# note\nEda\tG\tx\nEda\tB\tx\n");
         QVERIFY(dictionary::sortFile(path));
-        QCOMPARE(read(path), QByteArray("# Origin: Irish\n# note\nEda\tB\tx\nEda\tG\tx\nÉda\tG\tx y\n"
-                                        "Zoe\tG\tlife\n"));
+        QCOMPARE(read(path),
+                 QByteArray("# Origin: Irish\n# note\nEda\tB\tx\nEda\tG\tx\nÉda\tG\tx y\n"
+                            "Zoe\tG\tlife\n"));
         QVERIFY(!dictionary::sortFile(path));
         QVERIFY(dictionary::readFile(path).problems.isEmpty());
     }
@@ -121,15 +123,16 @@ private Q_SLOTS:
             dbaccess::DatabaseBuilder builder(file, {QStringLiteral("admin"), QStringLiteral("x")},
                                               QStringLiteral("create table t(a, b not null)"));
             builder.insert(QStringLiteral("t"), {QStringLiteral("1"), QStringLiteral("2")});
-            QVERIFY_THROWS_EXCEPTION(dbaccess::EngineError,
-                                     builder.insert(QStringLiteral("t"), {QStringLiteral("1"),
-                                                                          QString()}));
+            QVERIFY_THROWS_EXCEPTION(
+                dbaccess::EngineError,
+                builder.insert(QStringLiteral("t"), {QStringLiteral("1"), QString()}));
         }
         QCOMPARE(read(file), before);
         write(file % u"-journal", "unfinished");
         QVERIFY_THROWS_EXCEPTION(shipped::BuildError,
                                  shipped::writeDatabase({}, support::sampleSettings(),
-                                                        support::samplePassword(), sample.folder()));
+                                                        support::samplePassword(),
+                                                        sample.folder()));
         QCOMPARE(QDir(sample.folder()).entryList(QDir::Files, QDir::Name),
                  QStringList({QStringLiteral("Tovarin.mdb"), QStringLiteral("Tovarin.mdb-journal"),
                               QStringLiteral("tovarin.dll")}));
@@ -204,8 +207,8 @@ private Q_SLOTS:
         write(data.filePath(QStringLiteral("dictionary/x.tsv")),
               "# Origin: Irish\nAnna\tX\tgrace\nBrian\tB\t\n");
         QProcess mkdb;
-        mkdb.start(QStringLiteral(MKDB), {QStringLiteral("build"), data.path(),
-                                          data.filePath(QStringLiteral("out"))});
+        mkdb.start(QStringLiteral(MKDB),
+                   {QStringLiteral("build"), data.path(), data.filePath(QStringLiteral("out"))});
         QVERIFY(mkdb.waitForFinished());
         QCOMPARE(mkdb.exitCode(), 1);
         const QByteArray said = mkdb.readAllStandardError();
@@ -219,7 +222,8 @@ private Q_SLOTS:
         const QString path = folder.filePath(QStringLiteral("file"));
         const QByteArray good = "maxselect\t20\ntopn\t10\nversionno\t1\nversiondate\t2026-01-02\n";
         for (const QByteArray &content :
-             {QByteArray("maxselect\t20\n"), QByteArray("maxselect 20\n"), QByteArray(good).replace("20\n", "x\n"),
+             {QByteArray("maxselect\t20\n"), QByteArray("maxselect 20\n"),
+              QByteArray(good).replace("20\n", "x\n"),
               QByteArray(good).replace("-01-02", "-13-02")}) {
             write(path, content);
             QVERIFY_THROWS_EXCEPTION(shipped::BuildError, shipped::readSettings(path));

@@ -50,8 +50,7 @@ void act(const QString &verb, QWidget *widget, const QString &text)
 
 } // namespace
 
-Pilot::Pilot(const QStringList &script)
-    : m_script(script)
+Pilot::Pilot(const QStringList &script) : m_script(script)
 {
     connect(&m_timer, &QTimer::timeout, this, &Pilot::step);
     m_timer.start(stepInterval);
