@@ -17,11 +17,11 @@ namespace {
 
 const QStringList &syllables()
 {
-    static const QStringList all
-        = QStringLiteral("a an ar ba be bo ca da de di do e el en fa fi ga ge ha he i il in ja jo ka "
-                         "ke la le li lo lu ma me mi mo na ne ni no o ol or pa ra re ri ro sa se si "
-                         "so ta te ti to u va ve vi wa ya ye za zo é á ö")
-              .split(u' ');
+    static const QStringList all =
+        QStringLiteral("a an ar ba be bo ca da de di do e el en fa fi ga ge ha he i il in ja jo ka "
+                       "ke la le li lo lu ma me mi mo na ne ni no o ol or pa ra re ri ro sa se si "
+                       "so ta te ti to u va ve vi wa ya ye za zo é á ö")
+            .split(u' ');
     return all;
 }
 

@@ -3,6 +3,7 @@
 
 #include "layout/basresize.h"
 
+#include "layout/characterwidths.h"
 #include "platform/grid/celltext.h"
 #include "platform/grid/flexgrid.h"
 #include "platform/grid/redrawlock.h"
@@ -15,6 +16,19 @@
 #include <vector>
 
 namespace basResize {
+
+namespace {
+
+/// The widths of the font asked for last, which nearly always is the one asked for next.
+layout::CharacterWidths &widthsOf(const QFont &font)
+{
+    static layout::CharacterWidths widths(font);
+    if (widths.font() != font)
+        widths = layout::CharacterWidths(font);
+    return widths;
+}
+
+} // namespace
 
 void CentreForm(QWidget &inpForm)
 {
@@ -53,10 +67,9 @@ int CellTextHeight(const grid::FlexGrid &inpGrid, int inpRow, int inpColumn, int
     if (text.isEmpty() || width <= 0)
         return inpHeight;
     const QFont font = inpGrid.cellFont(inpRow, inpColumn);
-    const QFontMetrics metrics(font);
     // A text narrower than its column needs no wrapping to be measured.
-    if (metrics.horizontalAdvance(text) <= width)
-        return std::max(inpHeight, metrics.height());
+    if (widthsOf(font).surelyFits(text, width))
+        return std::max(inpHeight, QFontMetrics(font).height());
     return std::max(inpHeight, grid::wrappedTextHeight(text, font, width));
 }
 

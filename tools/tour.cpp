@@ -28,8 +28,8 @@ constexpr int pageTimeout = 15000; // milliseconds until a page has to be shown
 class Tour
 {
 public:
-    Tour(const QString &pictures, const QString &prefix)
-        : m_pictures(pictures), m_prefix(prefix) { }
+    Tour(QString pictures, QString prefix)
+        : m_pictures(std::move(pictures)), m_prefix(std::move(prefix)) { }
 
     void run()
     {

@@ -120,6 +120,8 @@ void Connection::open(const QString &connectionString)
         engine.exec("pragma trusted_schema = off");
         engine.exec("pragma journal_mode = delete");
         engine.exec("pragma synchronous = full");
+        // The whole dictionary stays in memory, 32 MB of it at most.
+        engine.exec("pragma cache_size = -32768");
         refreshCollation(engine);
         database->columns = findColumnKinds(engine);
         m_database = std::move(database);

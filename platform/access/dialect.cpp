@@ -107,7 +107,7 @@ private:
             endOfPart(where + 1, {u"group", u"order", u"having", u"limit", u"union", u"returning"});
         const Tokens condition = Tokens(m_tokens).subspan(where + 1, end - where - 1);
         for (const Bound &bound : impliedBounds(condition, m_textColumns))
-            replace(bound.position, 0, bound.condition);
+            replace(bound.position, bound.length, bound.condition);
     }
 
     void replace(qsizetype position, qsizetype length, const QString &replacement)

@@ -14,20 +14,24 @@ void readElements(std::string_view utf8, std::vector<Element> &elements)
     elements.clear();
     ElementReader reader(utf8);
     Element element;
-    while (reader.next(element))
-        elements.push_back(element);
+    while (reader.next(element)) {
+        // Marks with no letter before them weigh nothing, as in the order of texts.
+        if (element.primary != 0)
+            elements.push_back(element);
+    }
 }
 
 /// A text of plain ASCII, read in place: every byte is a letter of its own, without marks.
 struct AsciiText
 {
     std::string_view bytes;
+    const std::uint32_t *primaries = asciiPrimaries().data();
 
-    static bool accepts(std::string_view utf8)
+    bool isReadable() const
     {
-        return std::ranges::all_of(utf8, [](char c) {
+        return std::ranges::all_of(bytes, [this](char c) {
             const auto byte = static_cast<unsigned char>(c);
-            return byte < 0x80 && asciiPrimaries()[byte] != 0;
+            return byte < 0x80 && primaries[byte] != 0;
         });
     }
     std::size_t size() const { return bytes.size(); }
@@ -35,7 +39,7 @@ struct AsciiText
     bool letterMatches(const Element &wanted, std::size_t at) const
     {
         return wanted.markCount == 0
-               && wanted.primary == asciiPrimaries()[static_cast<unsigned char>(bytes[at])];
+            && wanted.primary == primaries[static_cast<unsigned char>(bytes[at])];
     }
 };
 
@@ -73,10 +77,18 @@ LikePattern::LikePattern(std::string_view utf8Pattern)
     }
 }
 
+bool isPlainText(std::string_view utf8)
+{
+    std::vector<Element> elements;
+    readElements(utf8, elements);
+    return !elements.empty()
+        && std::ranges::all_of(elements, [](const Element &e) { return e.markCount == 0; });
+}
+
 bool LikePattern::matches(std::string_view utf8Text) const
 {
-    if (AsciiText::accepts(utf8Text))
-        return matchesSteps(AsciiText {utf8Text});
+    if (const AsciiText ascii {utf8Text}; ascii.isReadable())
+        return matchesSteps(ascii);
     static thread_local std::vector<Element> elements;
     readElements(utf8Text, elements);
     return matchesSteps(ElementText {elements});
@@ -85,7 +97,7 @@ bool LikePattern::matches(std::string_view utf8Text) const
 template <typename Text>
 bool LikePattern::matchesSteps(const Text &text) const
 {
-    constexpr std::size_t none = static_cast<std::size_t>(-1);
+    constexpr auto none = static_cast<std::size_t>(-1);
     std::size_t step = 0;
     std::size_t at = 0;
     std::size_t stepAfterAny = none; // where to go on after the last "%" when a try fails

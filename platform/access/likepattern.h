@@ -35,4 +35,8 @@ private:
     std::vector<Step> m_steps;
 };
 
+/// Whether a text has letters, and none with an accent or another mark. Only then do the texts that
+/// a pattern of it and a final "%" matches make up one stretch of the order.
+bool isPlainText(std::string_view utf8);
+
 } // namespace dbaccess

@@ -3,6 +3,9 @@
 
 #include "platform/access/wherebounds.h"
 
+#include "platform/access/likepattern.h"
+
+#include <algorithm>
 #include <optional>
 
 namespace dbaccess {
@@ -114,38 +117,44 @@ std::optional<QChar> directionOf(const std::vector<Tokens> &branches, const Comp
     return direction;
 }
 
-QString keysetBound(Tokens conjunct)
+std::optional<Bound> keysetBound(Tokens conjunct)
 {
     const std::vector<Tokens> branches = splitAtTop(withoutBrackets(conjunct), u"or");
     if (branches.size() < 2)
-        return {};
+        return std::nullopt;
     const std::vector<Tokens> firstParts = splitAtTop(withoutBrackets(branches.front()), u"and");
     const std::optional<Comparison> first = comparisonIn(firstParts.front());
     const std::optional<QChar> direction = first ? directionOf(branches, *first) : std::nullopt;
     if (!direction)
-        return {};
-    return u" and " % first->columnText.toString() % u' ' % *direction % u"= "
-           % sqlLiteral(first->literal->literalText()) % u' ';
+        return std::nullopt;
+    const QString bound = u" and " % first->columnText.toString() % u' ' % *direction % u"= "
+        % sqlLiteral(first->literal->literalText()) % u' ';
+    return Bound {conjunct.back().end(), 0, bound};
 }
 
-QString prefixBound(Tokens conjunct, const QSet<QString> &textColumns)
+std::optional<Bound> prefixBound(Tokens conjunct, const QSet<QString> &textColumns)
 {
     const std::optional<Comparison> comparison = comparisonIn(conjunct);
     if (!comparison || comparison->sign.compare(u"like", Qt::CaseInsensitive) != 0)
-        return {};
+        return std::nullopt;
     if (!textColumns.contains(comparison->column.section(u'.', -1)))
-        return {};
+        return std::nullopt;
     const QString pattern = comparison->literal->literalText();
-    qsizetype length = 0;
-    while (length < pattern.size() && pattern[length] != u'%' && pattern[length] != u'_')
-        ++length;
+    const qsizetype length
+        = std::ranges::find_if(pattern, [](QChar c) { return c == u'%' || c == u'_'; })
+        - pattern.begin();
     if (length == 0)
-        return {};
+        return std::nullopt;
     const QString prefix = pattern.first(length);
     const QString column = comparison->columnText.toString();
     const QString beyond = prefix + QString::fromUcs4(U"\U0010ffff", 1);
-    return u" and " % column % u" >= " % sqlLiteral(prefix) % u" and " % column % u" < "
-           % sqlLiteral(beyond) % u' ';
+    const QString range = column % u" >= " % sqlLiteral(prefix) % u" and " % column % u" < "
+        % sqlLiteral(beyond);
+    if (pattern.sliced(length) == u"%" && isPlainText(prefix.toStdString())) {
+        const qsizetype start = conjunct.front().position;
+        return Bound {start, conjunct.back().end() - start, range};
+    }
+    return Bound {conjunct.back().end(), 0, QString(u" and " % range % u' ')};
 }
 
 } // namespace
@@ -159,11 +168,11 @@ std::vector<Bound> impliedBounds(Tokens condition, const QSet<QString> &textColu
     for (const Tokens conjunct : splitAtTop(condition, u"and")) {
         if (conjunct.empty())
             continue;
-        QString bound = keysetBound(conjunct);
-        if (bound.isEmpty())
+        std::optional<Bound> bound = keysetBound(conjunct);
+        if (!bound)
             bound = prefixBound(conjunct, textColumns);
-        if (!bound.isEmpty())
-            bounds.push_back({conjunct.back().end(), bound});
+        if (bound)
+            bounds.push_back(*bound);
     }
     return bounds;
 }

@@ -11,11 +11,12 @@
 
 namespace dbaccess {
 
-/// A condition to be added to a statement, behind the character at the given place.
+/// A stretch of a statement and the condition that takes its place.
 struct Bound
 {
     qsizetype position = 0; ///< in the statement, from 0
-    QString condition;      ///< begins with " and "
+    qsizetype length = 0; ///< 0 for a condition that is added, and begins with " and "
+    QString condition;
 };
 
 /// Conditions that follow from a "where" clause and let the engine read straight off an index.
@@ -23,10 +24,12 @@ struct Bound
 /// - A page's key is a chain of "or"s, each branch of which bounds the same first column; the
 ///   engine by itself would visit every row for it:
 ///   ((a > 'x') or (a = 'x' and b > 'y'))  ->  and a >= 'x'
-/// - A pattern with a fixed beginning is a range:
-///   a like 'An%'  ->  and a >= 'An' and a < 'An' followed by the last character of all
+/// - A pattern with a fixed beginning lies in a range:
+///   a like 'Än%' -> and a >= 'Än' and a < 'Än' followed by the last character of all.
+///   If the beginning has no accents and "%" alone follows it, the range is the very same
+///   condition and takes the pattern's place.
 ///
-/// Neither changes which rows are found. Patterns are bounded only on columns ordered by the
+/// None changes which rows are found. Patterns are bounded only on columns ordered by the
 /// dictionary's collation, given in lower case.
 ///
 /// @param condition  the tokens between "where" and the end of the clause

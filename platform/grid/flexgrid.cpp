@@ -5,10 +5,9 @@
 
 #include "platform/grid/formatstring.h"
 #include "platform/grid/griddelegate.h"
+#include "platform/grid/gridheader.h"
 #include "platform/grid/gridmodel.h"
 #include "platform/grid/redrawlock.h"
-
-#include <QHeaderView>
 
 #include <algorithm>
 
@@ -19,6 +18,7 @@ static constexpr int defaultColumnWidth = 80;
 FlexGrid::FlexGrid(QWidget *parent)
     : QTableView(parent), m_model(new GridModel(this)), m_delegate(new GridDelegate(this))
 {
+    setHorizontalHeader(new GridHeader(this));
     setModel(m_model);
     setItemDelegate(m_delegate);
     setEditTriggers(NoEditTriggers);
@@ -32,10 +32,6 @@ FlexGrid::FlexGrid(QWidget *parent)
     verticalHeader()->hide();
     verticalHeader()->setMinimumSectionSize(1);
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    horizontalHeader()->setSectionsClickable(false);
-    horizontalHeader()->setSectionsMovable(false);
-    horizontalHeader()->setHighlightSections(false);
-    horizontalHeader()->setTextElideMode(Qt::ElideRight);
     measureFont();
 
     connect(horizontalHeader(), &QHeaderView::sectionResized, this,

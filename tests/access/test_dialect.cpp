@@ -51,8 +51,12 @@ private Q_SLOTS:
         same("select a from t where (n > 'd') or (n = 'd' and s > 'B')");
         same("select a from t where not ((n > 'd') or (n = 'd'))");
         // A pattern's fixed beginning is a range, on text columns only.
-        row("select a from t where n like 'An%' ",
-            "select a from t where n like 'An%' and n >= 'An' and n < 'An\U0010ffff'  ");
+        row("select a from t where n like 'An%' and k = 'x'",
+            "select a from t where n >= 'An' and n < 'An\U0010ffff' and k = 'x'");
+        row("select a from t where n like 'Än%'",
+            "select a from t where n like 'Än%' and n >= 'Än' and n < 'Än\U0010ffff' ");
+        row("select a from t where n like 'An%a'",
+            "select a from t where n like 'An%a' and n >= 'An' and n < 'An\U0010ffff' ");
         row("select top 2 a from t where t.n like 'O''N_'",
             "select  a from t where t.n like 'O''N_' and t.n >= 'O''N' and t.n < "
             "'O''N\U0010ffff'  limit 2");
