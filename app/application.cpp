@@ -16,7 +16,7 @@ Application::Application(int &argc, char **argv) : QApplication(argc, argv)
     setQuitOnLastWindowClosed(false);
     QIcon icon;
     for (const int size : {16, 24, 32, 48, 64, 128, 256})
-        icon.addFile(QStringLiteral(":/app/tovarin-%1.png").arg(size));
+        icon.addFile(QStringLiteral(":/app/tovarin-%1.png").arg(size), QSize(size, size));
     setWindowIcon(icon);
 }
 

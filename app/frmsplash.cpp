@@ -12,8 +12,10 @@
 frmSplash::frmSplash() : m_ui(std::make_unique<Ui::frmSplash>())
 {
     m_ui->setupUi(this);
-    QPixmap picture(QStringLiteral(":/app/splash.png"));
-    picture.setDevicePixelRatio(2.0); // drawn at twice its size, for dense screens
+    const bool isDense = devicePixelRatioF() > 1;
+    QPixmap picture(isDense ? QStringLiteral(":/app/splash@2x.png")
+                            : QStringLiteral(":/app/splash.png"));
+    picture.setDevicePixelRatio(isDense ? 2 : 1);
     m_ui->ImgImage->setPixmap(picture);
 
     basDatabase::OpenDatabase();

@@ -20,6 +20,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QLineEdit>
+#include <QProcess>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -194,6 +195,37 @@ void benchActions(int size)
     report("click Search (prefix)", medianOf(runs, [&] { click("cmdSearch"); }));
 }
 
+/// Milliseconds from the start of a process until its window is to be seen.
+double startTime(const QString &program, const QString &window)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("QT_PLUGIN_PATH"), QStringLiteral(PLUGIN_FOLDER));
+    environment.insert(QStringLiteral("QT_QPA_GENERIC_PLUGINS"), QStringLiteral("pilot"));
+    environment.insert(QStringLiteral("PILOT_SCRIPT"), u"print " % window);
+    const QByteArray line = QString(window % u": ").toUtf8();
+    return medianOf(15,
+                    [&] {
+                        QProcess process;
+                        process.setProcessEnvironment(environment);
+                        process.setReadChannel(QProcess::StandardError);
+                        process.start(program, {});
+                        QByteArray said;
+                        while (!said.contains(line) && process.waitForReadyRead(20000))
+                            said += process.readAllStandardError();
+                        process.kill();
+                        process.waitForFinished();
+                    })
+           / 1000.0;
+}
+
+void benchStart()
+{
+    const double splash = startTime(QStringLiteral(PROGRAM), QStringLiteral("frmSplash"));
+    const double empty = startTime(QStringLiteral(EMPTY_WINDOW), QStringLiteral("emptyWindow"));
+    std::printf("\nstart to splash %.0f ms, to an empty window %.0f ms, ratio %.2f\n", splash,
+                empty, splash / empty);
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -219,5 +251,6 @@ int main(int argc, char *argv[])
         basDatabase::CloseDatabase();
         std::fflush(stdout);
     }
+    benchStart();
     return 0;
 }

@@ -13,6 +13,7 @@ int main(int argc, char *argv[])
     browser::prepareProcess();
     const QApplication application(argc, argv);
     QWidget window;
+    window.setObjectName(QStringLiteral("emptyWindow"));
     window.setFixedSize(408, 419);
     window.show();
     return QApplication::exec();

@@ -17,7 +17,7 @@ namespace pilot {
 
 namespace {
 
-constexpr int stepInterval = 20; // milliseconds
+constexpr int stepInterval = 5; // milliseconds
 
 void say(const QString &text)
 {
