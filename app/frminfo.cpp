@@ -4,7 +4,6 @@
 #include "app/frminfo.h"
 
 #include "db/basdatabase.h"
-#include "db/bastovarin.h"
 #include "layout/basresize.h"
 #include "layout/mainlayout.h"
 #include "platform/browser/browserpane.h"
@@ -41,6 +40,7 @@ frmInfo::frmInfo()
     setWindowTitle(QStringLiteral("Tovarin Names Dictionary"));
     setUpTabs();
     connect(m_helpKey, &QShortcut::activated, this, &frmInfo::helpRequested);
+    setUpTabKeys();
     connect(m_about, &AboutFrame::termsRequested, this, &frmInfo::termsRequested);
     load();
     connect(m_tabs, &QTabWidget::currentChanged, this, &frmInfo::tabClicked);
@@ -61,6 +61,20 @@ void frmInfo::setUpTabs()
     addTab(HelpTab, QStringLiteral("Help"), QStringLiteral("H"),
            makePageFrame(HelpTab, m_help, QStringLiteral("dhtmHelp"), QStringLiteral("Help")));
     addTab(AboutTab, QStringLiteral("About"), QStringLiteral("A"), m_about);
+}
+
+void frmInfo::setUpTabKeys()
+{
+    // The strip knows these keys itself, but never gets them while a page has the focus.
+    const auto goOnBy = [this](QKeySequence::StandardKey keys, int step) {
+        auto *shortcut = new QShortcut(keys, this);
+        connect(shortcut, &QShortcut::activated, this, [this, step] {
+            m_tabs->setCurrentIndex((m_tabs->currentIndex() + step + TabCount) % TabCount);
+        });
+    };
+    goOnBy(QKeySequence::NextChild, +1);
+    goOnBy(QKeySequence::PreviousChild, -1);
+    m_tabs->setFocus();
 }
 
 void frmInfo::addTab(Tab tab, const QString &caption, const QString &key, QWidget *frame)
@@ -112,10 +126,9 @@ void frmInfo::load()
     m_maxSelect = setting(u"maxselect");
     setWindowTitle(windowTitle() % u' ' % setting(u"versionno"));
 
-    const QString folder = basTovarin::ProgramFolder();
-    m_popular->navigate(folder % pagefiles::popular);
-    m_help->navigate(folder % pagefiles::help);
-    m_things->navigate(folder % pagefiles::things);
+    m_popular->navigate(pagefiles::path(pagefiles::popular));
+    m_help->navigate(pagefiles::path(pagefiles::help));
+    m_things->navigate(pagefiles::path(pagefiles::things));
 
     m_search->ClearPageLabel();
     m_search->RefreshSelectCount();

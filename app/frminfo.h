@@ -44,6 +44,7 @@ private:
     enum Tab { ThingsTab, PopularTab, SearchTab, WorksheetTab, HelpTab, AboutTab, TabCount };
 
     void setUpTabs();
+    void setUpTabKeys();
     void addTab(Tab tab, const QString &caption, const QString &key, QWidget *frame);
     QWidget *makePageFrame(Tab tab, browser::BrowserPane *pane, const QString &paneName,
                            const QString &accessibleName);

@@ -36,7 +36,7 @@ void CentreForm(QWidget &inpForm)
     if (!screen)
         return;
     const QSize free = screen->size() - inpForm.size();
-    inpForm.move(free.width() / 2, free.height() / 2);
+    inpForm.move(screen->geometry().topLeft() + QPoint(free.width() / 2, free.height() / 2));
 }
 
 void FitGridRows(grid::FlexGrid &inpGrid, int inpFirst, int inpLast)

@@ -5,10 +5,7 @@
 
 namespace layout {
 
-CharacterWidths::CharacterWidths(const QFont &font)
-    : m_font(font), m_metrics(font)
-{
-}
+CharacterWidths::CharacterWidths(const QFont &font) : m_font(font), m_metrics(font) { }
 
 bool CharacterWidths::surelyFits(QStringView text, int pixels)
 {

@@ -4,7 +4,6 @@
 #include "reports/aboutframe.h"
 
 #include "db/basdatabase.h"
-#include "db/bastovarin.h"
 #include "platform/browser/browserpane.h"
 #include "reports/linklabel.h"
 #include "reports/pagefiles.h"
@@ -26,5 +25,5 @@ AboutFrame::AboutFrame(QWidget *parent)
 void AboutFrame::DisplayAbout()
 {
     m_version->setText(basDatabase::VersionLine());
-    m_page->navigate(basTovarin::ProgramFolder() % pagefiles::about);
+    m_page->navigate(pagefiles::path(pagefiles::about));
 }

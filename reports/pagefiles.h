@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include <QStringView>
+#include <QString>
 
 /// The page files in the program's folder, each with the separator that leads to it.
 namespace pagefiles {
@@ -13,5 +13,8 @@ inline constexpr QStringView popular = u"\\popular.htm";
 inline constexpr QStringView help = u"\\tovarinhelp.htm";
 inline constexpr QStringView terms = u"\\terms.htm";
 inline constexpr QStringView about = u"\\about.htm";
+
+/// Where a page file lies on this system.
+QString path(QStringView page);
 
 } // namespace pagefiles

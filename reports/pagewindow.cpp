@@ -3,11 +3,11 @@
 
 #include "reports/pagewindow.h"
 
-#include "db/bastovarin.h"
 #include "layout/basresize.h"
 #include "layout/placements.h"
 #include "layout/twips.h"
 #include "platform/browser/browserpane.h"
+#include "reports/pagefiles.h"
 
 #include <QKeyEvent>
 #include <QVBoxLayout>
@@ -48,7 +48,7 @@ PageWindow::PageWindow(const QString &name, const QString &title, QStringView pa
 
 void PageWindow::showPage()
 {
-    m_page->navigate(basTovarin::ProgramFolder() % m_pageFile);
+    m_page->navigate(pagefiles::path(m_pageFile));
     show();
     raise();
     activateWindow();

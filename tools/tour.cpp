@@ -29,7 +29,9 @@ class Tour
 {
 public:
     Tour(QString pictures, QString prefix)
-        : m_pictures(std::move(pictures)), m_prefix(std::move(prefix)) { }
+        : m_pictures(std::move(pictures)), m_prefix(std::move(prefix))
+    {
+    }
 
     void run()
     {

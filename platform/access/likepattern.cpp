@@ -39,7 +39,7 @@ struct AsciiText
     bool letterMatches(const Element &wanted, std::size_t at) const
     {
         return wanted.markCount == 0
-            && wanted.primary == primaries[static_cast<unsigned char>(bytes[at])];
+               && wanted.primary == primaries[static_cast<unsigned char>(bytes[at])];
     }
 };
 
@@ -82,7 +82,7 @@ bool isPlainText(std::string_view utf8)
     std::vector<Element> elements;
     readElements(utf8, elements);
     return !elements.empty()
-        && std::ranges::all_of(elements, [](const Element &e) { return e.markCount == 0; });
+           && std::ranges::all_of(elements, [](const Element &e) { return e.markCount == 0; });
 }
 
 bool LikePattern::matches(std::string_view utf8Text) const

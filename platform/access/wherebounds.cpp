@@ -128,7 +128,7 @@ std::optional<Bound> keysetBound(Tokens conjunct)
     if (!direction)
         return std::nullopt;
     const QString bound = u" and " % first->columnText.toString() % u' ' % *direction % u"= "
-        % sqlLiteral(first->literal->literalText()) % u' ';
+                          % sqlLiteral(first->literal->literalText()) % u' ';
     return Bound {conjunct.back().end(), 0, bound};
 }
 
@@ -140,16 +140,16 @@ std::optional<Bound> prefixBound(Tokens conjunct, const QSet<QString> &textColum
     if (!textColumns.contains(comparison->column.section(u'.', -1)))
         return std::nullopt;
     const QString pattern = comparison->literal->literalText();
-    const qsizetype length
-        = std::ranges::find_if(pattern, [](QChar c) { return c == u'%' || c == u'_'; })
+    const qsizetype length =
+        std::ranges::find_if(pattern, [](QChar c) { return c == u'%' || c == u'_'; })
         - pattern.begin();
     if (length == 0)
         return std::nullopt;
     const QString prefix = pattern.first(length);
     const QString column = comparison->columnText.toString();
     const QString beyond = prefix + QString::fromUcs4(U"\U0010ffff", 1);
-    const QString range = column % u" >= " % sqlLiteral(prefix) % u" and " % column % u" < "
-        % sqlLiteral(beyond);
+    const QString range =
+        column % u" >= " % sqlLiteral(prefix) % u" and " % column % u" < " % sqlLiteral(beyond);
     if (pattern.sliced(length) == u"%" && isPlainText(prefix.toStdString())) {
         const qsizetype start = conjunct.front().position;
         return Bound {start, conjunct.back().end() - start, range};

@@ -15,7 +15,7 @@ namespace dbaccess {
 struct Bound
 {
     qsizetype position = 0; ///< in the statement, from 0
-    qsizetype length = 0; ///< 0 for a condition that is added, and begins with " and "
+    qsizetype length = 0;   ///< 0 for a condition that is added, and begins with " and "
     QString condition;
 };
 

@@ -68,16 +68,6 @@ std::shared_ptr<QWebEngineProfile> sharedProfile()
     return profile;
 }
 
-/// The file of a path composed by the program: elsewhere than on Windows the last backslash
-/// stands for a "/".
-QString fileOf(const QString &path)
-{
-    QString file = path;
-    if (const qsizetype last = file.lastIndexOf(u'\\'); last >= 0)
-        file[last] = QDir::separator();
-    return file;
-}
-
 } // namespace
 
 void prepareProcess()
@@ -121,7 +111,7 @@ BrowserPane::~BrowserPane()
 
 void BrowserPane::navigate(const QString &path)
 {
-    m_url = QUrl::fromLocalFile(fileOf(path));
+    m_url = QUrl::fromLocalFile(path);
     if (m_view)
         m_view->load(m_url);
 }

@@ -34,8 +34,7 @@ public:
     explicit BrowserPane(QWidget *parent = nullptr);
     ~BrowserPane() override;
 
-    /// Shows a file, given as folder + "\file" or as a path of this system. For a missing one the
-    /// browser shows its own page that says so.
+    /// Shows a file. For a missing one the browser shows its own page that says so.
     void navigate(const QString &path);
 
 Q_SIGNALS:

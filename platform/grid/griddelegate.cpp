@@ -22,8 +22,8 @@ static constexpr int pictureGap = 4;
 static QColor blend(const QColor &base, const QColor &other, int percent)
 {
     const auto mix = [percent](int from, int to) { return from + (to - from) * percent / 100; };
-    return QColor(mix(base.red(), other.red()), mix(base.green(), other.green()),
-                  mix(base.blue(), other.blue()));
+    return {mix(base.red(), other.red()), mix(base.green(), other.green()),
+            mix(base.blue(), other.blue())};
 }
 
 static QPalette::ColorGroup colorGroup(const QStyleOptionViewItem &option)
@@ -172,25 +172,16 @@ void GridDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewI
 bool GridDelegate::eventFilter(QObject *watched, QEvent *event)
 {
     auto *editor = qobject_cast<QWidget *>(watched);
-    if (!editor || event->type() != QEvent::KeyPress)
-        return QStyledItemDelegate::eventFilter(watched, event);
-
-    // Taken from the base class, which ends an edit only later on Enter and lets Tab begin the
-    // next one.
-    switch (static_cast<QKeyEvent *>(event)->key()) {
-    case Qt::Key_Enter:
-    case Qt::Key_Return:
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab:
-        Q_EMIT commitData(editor);
-        Q_EMIT closeEditor(editor, NoHint);
-        return true;
-    case Qt::Key_Escape:
-        Q_EMIT closeEditor(editor, RevertModelCache);
-        return true;
-    default:
-        return QStyledItemDelegate::eventFilter(watched, event);
+    if (editor && event->type() == QEvent::KeyPress) {
+        // The base class would end the edit only when the event loop is back.
+        const int key = static_cast<QKeyEvent *>(event)->key();
+        if (key == Qt::Key_Enter || key == Qt::Key_Return) {
+            Q_EMIT commitData(editor);
+            Q_EMIT closeEditor(editor, NoHint);
+            return true;
+        }
     }
+    return QStyledItemDelegate::eventFilter(watched, event);
 }
 
 } // namespace grid

@@ -190,6 +190,21 @@ private Q_SLOTS:
         }
     }
 
+    void controlTab_goesRoundTheTabs()
+    {
+        const Folder folder;
+        frmInfo window;
+        window.show();
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        auto *tabs = window.findChild<QTabWidget *>(QStringLiteral("tabInfo"));
+        QTest::keyClick(&window, Qt::Key_Tab, Qt::ControlModifier);
+        QCOMPARE(tabs->currentIndex(), 1);
+        for (int i = 0; i < 2; ++i)
+            QTest::keyClick(&window, Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(tabs->currentIndex(), 5);
+    }
+
     void closing_asksAndObeys()
     {
         const Folder folder;
@@ -233,7 +248,7 @@ private Q_SLOTS:
         QSignalSpy complete(pane, &browser::BrowserPane::documentComplete);
         QVERIFY(complete.wait(20000));
         // A missing file is the browser's to tell; the program goes on.
-        pane->navigate(folder.folder() % u"\\none.htm");
+        pane->navigate(folder.file(QStringLiteral("none.htm")));
         QVERIFY(complete.wait(20000));
 
         const auto allowed = [](const QString &url) { return browser::isAllowed(QUrl(url)); };

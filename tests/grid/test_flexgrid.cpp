@@ -67,14 +67,20 @@ public:
     bool ready = false;
 };
 
-QLineEdit *lineEditor(const FlexGrid &grid)
+/// The editor that is open; one that has been closed lives on hidden for a moment.
+template <typename Editor>
+Editor *editor(const FlexGrid &grid)
 {
-    return grid.viewport()->findChild<QLineEdit *>();
+    for (Editor *found : grid.viewport()->findChildren<Editor *>()) {
+        if (found->isVisible())
+            return found;
+    }
+    return nullptr;
 }
 
 QAbstractItemView *openList(const FlexGrid &grid)
 {
-    const auto *combo = grid.viewport()->findChild<QComboBox *>();
+    const auto *combo = editor<QComboBox>(grid);
     return combo && combo->view()->isVisible() ? combo->view() : nullptr;
 }
 
@@ -89,19 +95,27 @@ Action key(Qt::Key pressed, Qt::KeyboardModifiers modifiers = {})
 {
     return [=](FlexGrid &grid) {
         QAbstractItemView *list = openList(grid);
-        QTest::keyClick(list ? static_cast<QWidget *>(list) : lineEditor(grid), pressed, modifiers);
+        QTest::keyClick(list ? static_cast<QWidget *>(list) : editor<QLineEdit>(grid), pressed,
+                        modifiers);
     };
+}
+
+/// By way of the window, as an open list hears of such a click first.
+void clickInWindow(const FlexGrid &grid, const QWidget *widget, const QPoint &place)
+{
+    QTest::mouseClick(grid.window()->windowHandle(), Qt::LeftButton, {},
+                      widget->mapTo(grid.window(), place));
 }
 
 void clickOtherCell(FlexGrid &grid)
 {
-    const QPoint place = grid.visualRect(grid.model()->index(0, 0)).center();
-    QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, place);
+    clickInWindow(grid, grid.viewport(), grid.visualRect(grid.model()->index(0, 0)).center());
 }
 
-void focusOther(FlexGrid &grid)
+void clickButton(FlexGrid &grid)
 {
-    grid.window()->findChild<QPushButton *>()->setFocus();
+    const auto *button = grid.window()->findChild<QPushButton *>();
+    clickInWindow(grid, button, button->rect().center());
 }
 
 } // namespace
@@ -116,7 +130,6 @@ private Q_SLOTS:
     void aFormatStringSetsHeadersAndWidthsAndKeepsRows();
     void rowZeroIsTheHeaderAndOutsideIsNothing();
     void rowsAndColumnsGrowAndShrink();
-    void aRowCanBeCopiedByItsText();
     void aLockedFillIsOneReset();
     void theCurrentCellFollowsItsRow();
     void aOnePixelColumnIsSkipped();
@@ -202,6 +215,9 @@ void TestFlexGrid::rowZeroIsTheHeaderAndOutsideIsNothing()
     grid.addItem(QStringLiteral("only a"));
     QCOMPARE(grid.rowText(1), QStringLiteral("a\tb"));
     QCOMPARE(grid.rowText(2), QStringLiteral("only a\t"));
+    grid.addItem(grid.rowText(1));
+    QCOMPARE(grid.rowText(3), QStringLiteral("a\tb"));
+    grid.removeItem(3);
     grid.setText(0, 1, QStringLiteral("Heading"));
     QCOMPARE(grid.model()->headerData(1, Qt::Horizontal).toString(), QStringLiteral("Heading"));
     for (const QPoint cell :
@@ -240,19 +256,11 @@ void TestFlexGrid::rowsAndColumnsGrowAndShrink()
     QCOMPARE(grid.rowCount(), 1);
 }
 
-void TestFlexGrid::aRowCanBeCopiedByItsText()
-{
-    Window window;
-    FlexGrid copy;
-    copy.setFormatString(QStringLiteral("A|B|C"));
-    copy.addItem(window.grid.rowText(3));
-    QCOMPARE(copy.rowText(1), QStringLiteral("red\tadjective\t3"));
-}
-
 void TestFlexGrid::aLockedFillIsOneReset()
 {
     FlexGrid grid;
     grid.setFormatString(QStringLiteral("A|B|C|D|E|F|G"));
+    const QSignalSpy beginnings(grid.model(), &QAbstractItemModel::modelAboutToBeReset);
     const QSignalSpy resets(grid.model(), &QAbstractItemModel::modelReset);
     const QSignalSpy inserts(grid.model(), &QAbstractItemModel::rowsInserted);
     const QSignalSpy changes(grid.model(), &QAbstractItemModel::dataChanged);
@@ -268,6 +276,7 @@ void TestFlexGrid::aLockedFillIsOneReset()
         QCOMPARE(grid.currentRow(), 50);
         grid.removeItem(1);
     }
+    QCOMPARE(beginnings.count(), 1);
     QCOMPARE(resets.count(), 1);
     QCOMPARE(inserts.count() + changes.count(), 0);
     QCOMPARE(grid.verticalHeader()->count(), 99);
@@ -376,29 +385,27 @@ void TestFlexGrid::picturesStandForTexts()
     Window window;
     QPixmap picture(8, 8);
     picture.fill(Qt::magenta);
-    const auto painted = [&](QRgb colour) {
-        const QImage image = window.grid.viewport()
-                                 ->grab(window.grid.visualRect(window.grid.model()->index(0, 0)))
-                                 .toImage();
-        int count = 0;
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x)
-                count += image.pixel(x, y) == colour ? 1 : 0;
-        }
-        return count;
+    // The picture has more red in it than any letter.
+    const auto count = [&](const std::function<bool(QRgb)> &counted) {
+        const QRect cell = window.grid.visualRect(window.grid.model()->index(0, 0));
+        const QImage image = window.grid.viewport()->grab(cell).toImage();
+        int pixels = 0;
+        for (int i = 0; i < image.width() * image.height(); ++i)
+            pixels += counted(image.pixel(i % image.width(), i / image.width())) ? 1 : 0;
+        return pixels;
     };
-    const QRgb ink = window.grid.palette().color(QPalette::Text).rgb();
+    const auto ink = [&] { return count([](QRgb pixel) { return qRed(pixel) < 128; }); };
     window.grid.setPicture(1, 0, picture);
     QCOMPARE(window.grid.picture(1, 0).cacheKey(), picture.cacheKey());
-    QCOMPARE(painted(QColor(Qt::magenta).rgb()), 64);
-    QCOMPARE(painted(ink), 0);
+    QCOMPARE(count([](QRgb pixel) { return pixel == QColor(Qt::magenta).rgb(); }), 64);
+    QCOMPARE(ink(), 0);
     window.grid.setPictureHidesText(false);
-    QVERIFY(painted(ink) > 0);
+    QVERIFY(ink() > 0);
     window.grid.setText(1, 0, QStringLiteral("_"));
-    QCOMPARE(painted(ink), 0);
+    QCOMPARE(ink(), 0);
     window.grid.setPicture(1, 0, {});
     QVERIFY(window.grid.picture(1, 0).isNull());
-    QVERIFY(painted(ink) > 0);
+    QVERIFY(ink() > 0);
 }
 
 void TestFlexGrid::screenReadersHearTheirOwnText()
@@ -452,15 +459,15 @@ void TestFlexGrid::aTypedEditReplacesTheText()
 {
     Window window;
     window.grid.editCell(QStringLiteral("n"));
-    QVERIFY(lineEditor(window.grid) && lineEditor(window.grid)->hasFocus());
-    QTest::keyClicks(lineEditor(window.grid), QStringLiteral("ew"));
+    QVERIFY(editor<QLineEdit>(window.grid) && editor<QLineEdit>(window.grid)->hasFocus());
+    QTest::keyClicks(editor<QLineEdit>(window.grid), QStringLiteral("ew"));
     // A new picture must not bring back the old text.
     window.grid.setPicture(2, 1, QPixmap(4, 4));
     window.grid.commitEdit();
     QCOMPARE(window.grid.text(2, 1), QStringLiteral("new"));
 
     window.grid.editCell();
-    QCOMPARE(lineEditor(window.grid)->selectedText(), QStringLiteral("new"));
+    QCOMPARE(editor<QLineEdit>(window.grid)->selectedText(), QStringLiteral("new"));
     window.grid.commitEdit();
     window.grid.setEditable(false);
     window.grid.editCell();
@@ -507,7 +514,7 @@ void TestFlexGrid::everyWayOutEndsATextEditOnce_data()
     QTest::newRow("Shift+Tab") << key(Qt::Key_Backtab, Qt::ShiftModifier) << true << true;
     QTest::newRow("Escape") << key(Qt::Key_Escape) << false << true;
     QTest::newRow("click on a cell") << Action(clickOtherCell) << true << true;
-    QTest::newRow("focus elsewhere") << Action(focusOther) << true << false;
+    QTest::newRow("click on a button") << Action(clickButton) << true << false;
     const auto row = [](const char *name, const Action &leave) {
         QTest::newRow(name) << leave << true << true;
     };
@@ -542,7 +549,7 @@ void TestFlexGrid::everyWayOutEndsATextEditOnce()
     QCoreApplication::processEvents();
     window.grid.commitEdit();
     QCOMPARE(seen.count(), 1);
-    QTRY_VERIFY(!lineEditor(window.grid));
+    QVERIFY(!editor<QLineEdit>(window.grid));
 }
 
 void TestFlexGrid::everyWayOutEndsAListEditOnce_data()
@@ -560,16 +567,16 @@ void TestFlexGrid::everyWayOutEndsAListEditOnce_data()
             key(last)(g);
         };
     };
-    row("Down, Enter", moveAnd(Qt::Key_Return), u"adverb");
-    row("Down, Tab", moveAnd(Qt::Key_Tab), u"adverb");
+    row("Down, Enter", moveAnd(Qt::Key_Return), u"");
+    row("Down, Tab", moveAnd(Qt::Key_Tab), u"");
     row("Down, Escape", moveAnd(Qt::Key_Escape), u"verb");
     row(
-        "list closed", [](FlexGrid &g) { openList(g)->window()->close(); }, u"verb");
+        "list closed", [](FlexGrid &g) { openList(g)->window()->close(); }, u"noun");
     row(
-        "commitEdit", [](FlexGrid &g) { g.commitEdit(); }, u"verb");
-    row("focus elsewhere", focusOther, u"verb");
+        "commitEdit", [](FlexGrid &g) { g.commitEdit(); }, u"noun");
+    row("click on a button", clickButton, u"noun");
     row(
-        "rows removed", [](FlexGrid &g) { g.setRowCount(3); }, u"verb");
+        "rows removed", [](FlexGrid &g) { g.setRowCount(3); }, u"noun");
 }
 
 void TestFlexGrid::everyWayOutEndsAListEditOnce()
@@ -579,13 +586,13 @@ void TestFlexGrid::everyWayOutEndsAListEditOnce()
     QVERIFY(window.ready);
     const QSignalSpy ended(&window.grid, &FlexGrid::afterEdit);
     window.grid.setComboList(QStringLiteral("noun||verb|adverb|noun"));
-    window.grid.editCell();
+    window.grid.editCell(QStringLiteral("n"));
     QVERIFY(openList(window.grid));
     leave(window.grid);
     QTRY_COMPARE(ended.count(), 1);
     QTEST(window.grid.text(2, 1), "result");
     QVERIFY(!window.grid.isEditing());
-    QTRY_VERIFY(!window.grid.viewport()->findChild<QComboBox *>());
+    QVERIFY(!editor<QComboBox>(window.grid));
     QCOMPARE(ended.count(), 1);
     QVERIFY(!QApplication::activePopupWidget());
 }
@@ -595,8 +602,9 @@ void TestFlexGrid::afterEditMayDoAnything_data()
     QTest::addColumn<Action>("handle");
     QTest::addColumn<Action>("leave");
     QTest::addColumn<bool>("list");
-    const QList<std::pair<const char *, Action>> handlers {
-        {"row removed", [](FlexGrid &g) { g.removeItem(2); }},
+    QTest::addColumn<int>("rows"); // afterwards, 0 where that depends on the way
+    const QList<std::tuple<const char *, Action, int>> handlers {
+        {"row removed", [](FlexGrid &g) { g.removeItem(2); }, 3},
         {"refilled",
          [](FlexGrid &g) {
              const RedrawLock lock(&g);
@@ -604,25 +612,27 @@ void TestFlexGrid::afterEditMayDoAnything_data()
              g.setFormatString(QStringLiteral("A|B|C|D"));
              for (int i = 0; i < 5; ++i)
                  g.addItem(QString::number(i));
-         }},
+         },
+         6},
         {"message box",
          [](FlexGrid &g) {
              QTimer::singleShot(0, &g, [] { QApplication::activeModalWidget()->close(); });
              QMessageBox(QMessageBox::Warning, {}, QStringLiteral("!"), {}, &g).exec();
-         }},
+         },
+         0},
     };
     const QList<std::pair<const char *, Action>> ways {
         {"Enter", key(Qt::Key_Return)},
         {"Escape", key(Qt::Key_Escape)},
         {"click", clickOtherCell},
-        {"focus", focusOther},
+        {"button", clickButton},
         {"commitEdit", [](FlexGrid &g) { g.commitEdit(); }},
         {"same row removed", [](FlexGrid &g) { g.removeItem(2); }},
     };
-    for (const auto &[does, handle] : handlers) {
+    for (const auto &[does, handle, rows] : handlers) {
         for (const auto &[leaves, leave] : ways) {
-            QTest::addRow("%s on %s", does, leaves) << handle << leave << false;
-            QTest::addRow("%s on %s of a list", does, leaves) << handle << leave << true;
+            QTest::addRow("%s on %s", does, leaves) << handle << leave << false << rows;
+            QTest::addRow("%s on %s of a list", does, leaves) << handle << leave << true << rows;
         }
     }
 }
@@ -632,6 +642,7 @@ void TestFlexGrid::afterEditMayDoAnything()
     QFETCH(const Action, handle);
     QFETCH(const Action, leave);
     QFETCH(const bool, list);
+    QFETCH(const int, rows);
     Window window;
     QVERIFY(window.ready);
     int ended = 0;
@@ -644,9 +655,11 @@ void TestFlexGrid::afterEditMayDoAnything()
     window.grid.editCell();
     leave(window.grid);
     QTRY_COMPARE(ended, 1);
-    QTRY_VERIFY(window.grid.viewport()->findChildren<QLineEdit *>().isEmpty());
-    QTRY_VERIFY(window.grid.viewport()->findChildren<QComboBox *>().isEmpty());
+    QVERIFY(!editor<QLineEdit>(window.grid) && !editor<QComboBox>(window.grid));
+    QCoreApplication::processEvents();
     QCOMPARE(ended, 1);
+    if (rows > 0)
+        QCOMPARE(window.grid.rowCount(), rows);
     window.grid.setCurrentCell(1, 0);
     window.grid.setComboList({});
     window.grid.editCell(QStringLiteral("again"));
@@ -659,11 +672,8 @@ void TestFlexGrid::listsOfferTheirItems()
     Window window;
     const auto selected = [&window](const QString &typed) {
         window.grid.editCell(typed);
-        const auto *combo = window.grid.viewport()->findChild<QComboBox *>();
-        const int index = combo->currentIndex();
+        const int index = editor<QComboBox>(window.grid)->currentIndex();
         window.grid.commitEdit();
-        // The closed editor dies with the next turn of the event loop.
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         return index;
     };
     window.grid.setComboList(QStringLiteral("|noun|verb|Noun|adjective|adverb"));
