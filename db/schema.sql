@@ -70,9 +70,11 @@ create table TEMPTOPN(
     name_mid text,
     name_select text);
 
--- The order of pages; the entry of a tick; the ticks; counting by origin; the list of origins.
+-- The order of pages; the entry of a tick; the ticks; counting by origin; the list of origins; and
+-- the keys of the meanings without their texts, which is all that a count needs.
 create index master_page on tblmaster(name_desc, name_sex);
 create unique index master_entry on tblmaster(name_desc, name_orgid, name_sex);
 create index master_ticked on tblmaster(name_desc, name_sex) where name_select = 'Y';
 create index master_origin on tblmaster(name_orgid, name_mid, name_sex);
 create index org_text on tblorg(org_desc);
+create index meaning_key on tblmeaning(meaning_id);

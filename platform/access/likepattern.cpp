@@ -124,7 +124,13 @@ bool LikePattern::matchesSteps(const Text &text) const
         }
         if (stepAfterAny == none || anyEnd >= text.size())
             return false;
-        at = ++anyEnd;
+        // Only where the letter behind the "%" stands is another try worth its while.
+        const Step &next = m_steps[stepAfterAny];
+        do {
+            ++anyEnd;
+        } while (next.kind == Kind::Letter && anyEnd < text.size()
+                 && !text.letterMatches(next.element, anyEnd));
+        at = anyEnd;
         step = stepAfterAny;
     }
     return true;

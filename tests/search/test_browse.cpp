@@ -235,6 +235,10 @@ private Q_SLOTS:
         for (const char *name : {"txtSearchName", "cboNameCondition", "cboOrigin", "txtMeaning",
                                  "chkSelected", "optSearch_0", "optSearch_1", "optSearch_2"})
             QCOMPARE(press(name, Qt::Key_Return), u'S');
+        // Typing into the origin goes to the text box within the list.
+        statements.clear();
+        QTest::keyClick(tab.control<QComboBox>("cboOrigin")->lineEdit(), Qt::Key_Return);
+        QCOMPARE(statements.size(), 3);
         for (const char *name : {"cboAlphabet", "optList_0", "optList_1", "optList_2", "optList1_0",
                                  "optList1_1", "optList1_2"})
             QCOMPARE(press(name, Qt::Key_Enter), u'L');
