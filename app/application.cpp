@@ -8,19 +8,13 @@
 
 #include <QIcon>
 
-Application::Application(int &argc, char **argv) : QApplication(argc, argv)
-{
-    setApplicationName(QStringLiteral("tovarin"));
-    setApplicationDisplayName(QString());
-    // The program ends when a window says so, not because one gives way to the next.
-    setQuitOnLastWindowClosed(false);
-    QIcon icon;
-    for (const int size : {16, 24, 32, 48, 64, 128, 256})
-        icon.addFile(QStringLiteral(":/app/tovarin-%1.png").arg(size), QSize(size, size));
-    setWindowIcon(icon);
-}
+#include <optional>
 
-std::optional<int> Application::exitCodeOf(const std::function<void()> &function)
+namespace {
+
+/// Calls the function; answers the exit code if it threw, else nothing.
+template <typename Function>
+std::optional<int> exitCodeOf(const Function &function)
 {
     try {
         function();
@@ -32,6 +26,19 @@ std::optional<int> Application::exitCodeOf(const std::function<void()> &function
                              QStringLiteral("Error"));
         return 1;
     }
+}
+
+} // namespace
+
+Application::Application(int &argc, char **argv) : QApplication(argc, argv)
+{
+    setApplicationName(QStringLiteral("tovarin"));
+    // The program ends when a window says so, not because one gives way to the next.
+    setQuitOnLastWindowClosed(false);
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128, 256})
+        icon.addFile(QStringLiteral(":/app/tovarin-%1.png").arg(size), QSize(size, size));
+    setWindowIcon(icon);
 }
 
 bool Application::notify(QObject *receiver, QEvent *event)

@@ -20,8 +20,4 @@ public:
 
     /// Runs the start procedure and then the event loop, and returns the program's exit code.
     int run(const std::function<void()> &start);
-
-private:
-    /// Calls the function; answers the exit code if it threw, else nothing.
-    static std::optional<int> exitCodeOf(const std::function<void()> &function);
 };

@@ -14,38 +14,61 @@ namespace layout {
 namespace {
 
 // A row of controls is 360 twips (24 pixels) high; 15 twips make a pixel at 96 dots per inch.
+// clang-format off: one control a line
 constexpr Placement designed[] = {
-    {"tabInfo", 0, 0, 11700, 8100},           {"fraInfo_0", 60, 60, 11500, 7530},
-    {"fraInfo_1", 60, 60, 11500, 7530},       {"fraInfo_2", 60, 60, 11500, 7530},
-    {"fraInfo_3", 60, 60, 11500, 7530},       {"fraInfo_4", 60, 60, 11500, 7530},
+    {"tabInfo", 0, 0, 11700, 8100},
+    {"fraInfo_0", 60, 60, 11500, 7530},
+    {"fraInfo_1", 60, 60, 11500, 7530},
+    {"fraInfo_2", 60, 60, 11500, 7530},
+    {"fraInfo_3", 60, 60, 11500, 7530},
+    {"fraInfo_4", 60, 60, 11500, 7530},
     {"fraInfo_5", 60, 60, 11500, 7530},
 
-    {"dhtmThings", 90, 90, 11310, 7300},      {"dhtmPopular", 90, 90, 11310, 7300},
+    {"dhtmThings", 90, 90, 11310, 7300},
+    {"dhtmPopular", 90, 90, 11310, 7300},
     {"dhtmHelp", 90, 90, 11310, 7300},
 
-    {"fraSearch", 90, 0, 11310, 6150},        {"fraSearchSorting", 0, 330, 11310, 825},
-    {"fraListDesc", 120, 0, 4050, 375},       {"optList_0", 0, 0, 1230, 375},
-    {"optList_1", 1245, 0, 1440, 375},        {"optList_2", 2715, 0, 1290, 375},
-    {"cboAlphabet", 120, 450, 750, 375},      {"fraListGender", 975, 450, 2265, 375},
-    {"optList1_0", 0, 0, 735, 375},           {"optList1_1", 750, 0, 690, 375},
-    {"optList1_2", 1455, 0, 810, 375},        {"cmdList", 3300, 450, 750, 375},
-    {"linCriteria", 4200, 0, 30, 825},        {"lblSearchName", 4380, 0, 870, 375},
-    {"txtSearchName", 5250, 0, 1530, 375},    {"cboNameCondition", 6855, 0, 1515, 375},
-    {"lblOrigin", 8490, 0, 690, 375},         {"cboOrigin", 9180, 0, 2010, 375},
-    {"lblMeaning", 4380, 450, 870, 375},      {"txtMeaning", 5250, 450, 1530, 375},
-    {"optSearch_0", 6855, 450, 735, 375},     {"optSearch_1", 7605, 450, 690, 375},
-    {"optSearch_2", 8310, 450, 810, 375},     {"chkSelected", 9150, 450, 1170, 375},
-    {"cmdSearch", 10335, 450, 855, 375},      {"msSearchList", 120, 1200, 11070, 4845},
+    {"fraSearch", 90, 0, 11310, 6150},
+    {"fraSearchSorting", 0, 330, 11310, 825},
+    {"fraListDesc", 120, 0, 4050, 375},
+    {"optList_0", 0, 0, 1230, 375},
+    {"optList_1", 1245, 0, 1440, 375},
+    {"optList_2", 2715, 0, 1290, 375},
+    {"cboAlphabet", 120, 450, 750, 375},
+    {"fraListGender", 975, 450, 2265, 375},
+    {"optList1_0", 0, 0, 735, 375},
+    {"optList1_1", 750, 0, 690, 375},
+    {"optList1_2", 1455, 0, 810, 375},
+    {"cmdList", 3300, 450, 750, 375},
+    {"linCriteria", 4200, 0, 30, 825},
+    {"lblSearchName", 4380, 0, 870, 375},
+    {"txtSearchName", 5250, 0, 1530, 375},
+    {"cboNameCondition", 6855, 0, 1515, 375},
+    {"lblOrigin", 8490, 0, 690, 375},
+    {"cboOrigin", 9180, 0, 2010, 375},
+    {"lblMeaning", 4380, 450, 870, 375},
+    {"txtMeaning", 5250, 450, 1530, 375},
+    {"optSearch_0", 6855, 450, 735, 375},
+    {"optSearch_1", 7605, 450, 690, 375},
+    {"optSearch_2", 8310, 450, 810, 375},
+    {"chkSelected", 9150, 450, 1170, 375},
+    {"cmdSearch", 10335, 450, 855, 375},
+    {"msSearchList", 120, 1200, 11070, 4845},
 
-    {"lblRecStatus", 150, 6240, 2700, 360},   {"lblPage", 4350, 6240, 2400, 360},
-    {"lblRecSelected", 7200, 6240, 900, 360}, {"lblLRecSelected", 8160, 6240, 1800, 360},
+    {"lblRecStatus", 150, 6240, 2700, 360},
+    {"lblPage", 4350, 6240, 2400, 360},
+    {"lblRecSelected", 7200, 6240, 900, 360},
+    {"lblLRecSelected", 8160, 6240, 1800, 360},
     {"lblHint", 120, 6690, 11250, 810},
 
-    {"lblTopNNote", 150, 150, 11100, 360},    {"lblWorksheetNote", 150, 600, 11100, 1200},
+    {"lblTopNNote", 150, 150, 11100, 360},
+    {"lblWorksheetNote", 150, 600, 11100, 1200},
 
-    {"lblVersion", 150, 75, 6000, 360},       {"lblTerms", 6300, 75, 5040, 360},
+    {"lblVersion", 150, 75, 6000, 360},
+    {"lblTerms", 6300, 75, 5040, 360},
     {"dhtmlAbout", 90, 510, 11310, 6880},
 };
+// clang-format on
 
 using Kind = Measure::Kind;
 
