@@ -14,7 +14,8 @@ namespace layout {
 namespace {
 
 // A row of controls is 360 twips (24 pixels) high; 15 twips make a pixel at 96 dots per inch.
-// clang-format off: one control a line
+// One control a line.
+// clang-format off
 constexpr Placement designed[] = {
     {"tabInfo", 0, 0, 11700, 8100},
     {"fraInfo_0", 60, 60, 11500, 7530},
