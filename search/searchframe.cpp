@@ -187,6 +187,7 @@ void SearchFrame::ShowFirstPage(const QString &clause)
 void SearchFrame::DisplaySearchResult(const QString &inpSQL)
 {
     grid::FlexGrid &page = *m_ui->msSearchList;
+    const bool hadFocus = page.hasFocus(); // which a hidden control loses
     page.hide();
     {
         const grid::RedrawLock lock(&page);
@@ -197,6 +198,8 @@ void SearchFrame::DisplaySearchResult(const QString &inpSQL)
         basResize::FitGridRows(page);
     }
     page.show();
+    if (hadFocus)
+        page.setFocus();
     if (page.rowCount() > 1)
         page.setCurrentCell(1, NameColumn);
 }

@@ -384,6 +384,16 @@ private Q_SLOTS:
         QCOMPARE(tab.label("lblPage"), QStringLiteral("Page 0 of 0"));
     }
 
+    void focus_staysInARebuiltGrid()
+    {
+        Tab tab(support::entries({"Noah|B|Hebrew|rest"}));
+        tab.page().window()->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(tab.page().window()));
+        tab.page().setFocus();
+        tab.click("cmdSearch");
+        QVERIFY(tab.page().hasFocus());
+    }
+
     void resultFormat_isTheGridsOwn()
     {
         QCOMPARE(search::resultFormat().size(), 231);
