@@ -13,6 +13,8 @@ bool CharacterWidths::surelyFits(QStringView text, int pixels)
     constexpr qreal reserve = 3;
     qreal width = reserve;
     for (const QChar c : text) {
+        if (c == u'\n' || c == u'\r')
+            return false;
         auto known = m_widths.constFind(c);
         if (known == m_widths.cend())
             known = m_widths.insert(c, m_metrics.horizontalAdvance(c));

@@ -121,6 +121,9 @@ private:
         QString result;
         qsizetype at = 0;
         for (const Edit &edit : m_edits) {
+            // A pattern that has become a range took the literal within it along.
+            if (edit.position < at)
+                continue;
             result += QStringView(m_statement).sliced(at, edit.position - at);
             result += edit.replacement;
             at = edit.position + edit.length;
