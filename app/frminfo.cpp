@@ -19,17 +19,6 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
-namespace {
-
-constexpr QStringView helpKeyOfTab = u"H";
-
-QString setting(QStringView column)
-{
-    return basDatabase::GetFieldValue(u"select " % column % u" from tblsetup ");
-}
-
-} // namespace
-
 frmInfo::frmInfo()
     : m_tabs(new QTabWidget(this)), m_things(new browser::BrowserPane),
       m_popular(new browser::BrowserPane), m_help(new browser::BrowserPane),
@@ -121,10 +110,10 @@ void frmInfo::load()
     basDatabase::OpenDatabase();
     m_search->InitialiseOrigin();
     m_search->InitialiseOptions();
-    m_topN = QString::number(basDatabase::NumericValue(setting(u"topn")));
+    m_topN = QString::number(basDatabase::NumericValue(basDatabase::Setting(u"topn")));
     m_search->InitialiseAlphabet();
-    m_maxSelect = setting(u"maxselect");
-    setWindowTitle(windowTitle() % u' ' % setting(u"versionno"));
+    m_maxSelect = basDatabase::Setting(u"maxselect");
+    setWindowTitle(windowTitle() % u' ' % basDatabase::Setting(u"versionno"));
 
     m_popular->navigate(pagefiles::path(pagefiles::popular));
     m_help->navigate(pagefiles::path(pagefiles::help));
@@ -145,7 +134,7 @@ void frmInfo::tabClicked()
 {
     const QString key = selectedKey();
     // On the Help tab itself F1 is left to whatever has the focus.
-    m_helpKey->setEnabled(key != helpKeyOfTab);
+    m_helpKey->setEnabled(key != u"H");
     if (key == u"W")
         m_topNNote->setText(u"Select your top " % m_topN % u" choices");
     else if (key == u"A")

@@ -20,9 +20,7 @@ frmSplash::frmSplash() : m_ui(std::make_unique<Ui::frmSplash>())
 
     basDatabase::OpenDatabase();
     m_ui->lblVersion->setText(basDatabase::VersionLine());
-    const QString version =
-        basDatabase::GetFieldValue(QStringLiteral("select versionno from tblsetup "));
-    setWindowTitle(windowTitle() % u' ' % version);
+    setWindowTitle(windowTitle() % u' ' % basDatabase::Setting(u"versionno"));
 
     connect(m_ui->cmdOK, &QPushButton::clicked, this, &QWidget::close);
     // Not quit(): that would close this window first, which means going on.

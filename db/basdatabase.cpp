@@ -136,11 +136,15 @@ qint64 NumericValue(const QString &inpText)
     return trimmed.first(end).toLongLong();
 }
 
+QString Setting(QStringView inpColumn)
+{
+    return GetFieldValue(u"select " % inpColumn % u" from tblsetup ");
+}
+
 QString VersionLine()
 {
-    const QString version = GetFieldValue(QStringLiteral("select versionno from tblsetup "));
-    const QDate date = QDate::fromString(
-        GetFieldValue(QStringLiteral("select versiondate from tblsetup ")), Qt::ISODate);
+    const QString version = Setting(u"versionno");
+    const QDate date = QDate::fromString(Setting(u"versiondate"), Qt::ISODate);
     // The months are English like the rest of the program, whatever the system's language.
     return version % u" - " % QLocale::c().toString(date, QStringLiteral("dd MMM yyyy"));
 }

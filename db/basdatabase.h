@@ -50,6 +50,9 @@ void FillComboBox(const QString &inpSQL, QComboBox &inpCombo);
 /// The number that a text begins with, 0 if it begins with none: "12 names" gives 12.
 qint64 NumericValue(const QString &inpText);
 
+/// A setting of tblsetup, without blanks around it; empty if it is not set.
+QString Setting(QStringView inpColumn);
+
 /// The version and its date as the windows show them: "1.0 - 31 Jan 2026".
 QString VersionLine();
 

@@ -28,9 +28,4 @@ int pixelsFromTwips(int twips)
     return static_cast<int>(std::lround(twips * dotsPerInch() / twipsPerInch));
 }
 
-int twipsFromPixels(int pixels)
-{
-    return static_cast<int>(std::lround(pixels * twipsPerInch / dotsPerInch()));
-}
-
 } // namespace layout

@@ -174,8 +174,8 @@ std::array<std::uint32_t, 128> makeAsciiPrimaries()
     return primaries;
 }
 
-} // namespace
-
+/// The atoms of one character: its letters without case, its accents as marks. "É" gives e and an
+/// acute mark, "æ" gives a (with a mark) and e. Control and format characters give nothing.
 std::span<const Atom> foldCharacter(char32_t character)
 {
     if (character < FoldTable::size)
@@ -187,18 +187,7 @@ std::span<const Atom> foldCharacter(char32_t character)
     return entry->second;
 }
 
-const std::array<std::uint32_t, 128> &asciiPrimaries()
-{
-    static const std::array<std::uint32_t, 128> primaries = makeAsciiPrimaries();
-    return primaries;
-}
-
-char plainLetter(std::uint32_t primary)
-{
-    const bool isLetter = primary >= firstLetter && primary < firstLetter + 26;
-    return isLetter ? static_cast<char>('A' + (primary - firstLetter)) : '\0';
-}
-
+/// Decodes the first character of a UTF-8 text, which is not empty, and removes it from the text.
 char32_t takeCharacter(std::string_view &utf8)
 {
     constexpr char32_t malformed = 0xfffd;
@@ -218,6 +207,20 @@ char32_t takeCharacter(std::string_view &utf8)
     }
     utf8.remove_prefix(following);
     return character;
+}
+
+} // namespace
+
+const std::array<std::uint32_t, 128> &asciiPrimaries()
+{
+    static const std::array<std::uint32_t, 128> primaries = makeAsciiPrimaries();
+    return primaries;
+}
+
+char plainLetter(std::uint32_t primary)
+{
+    const bool isLetter = primary >= firstLetter && primary < firstLetter + 26;
+    return isLetter ? static_cast<char>('A' + (primary - firstLetter)) : '\0';
 }
 
 bool ElementReader::nextAtom(Atom &atom, bool &startsCharacter)

@@ -20,11 +20,6 @@ struct Atom
     bool operator==(const Atom &) const = default;
 };
 
-/// The atoms of one character: its letters without case, its accents as marks.
-/// "É" gives e and an acute mark, "æ" gives a (with a mark) and e, "Z" gives z. Control and
-/// format characters give nothing.
-std::span<const Atom> foldCharacter(char32_t character);
-
 /// The places of the plain ASCII characters in the order; 0 = ignored.
 const std::array<std::uint32_t, 128> &asciiPrimaries();
 
@@ -64,8 +59,5 @@ private:
     bool m_aheadStartsCharacter = true;
     Atom m_ahead;
 };
-
-/// Decodes the first character of a UTF-8 text and removes it from the text (not empty).
-char32_t takeCharacter(std::string_view &utf8);
 
 } // namespace dbaccess

@@ -101,8 +101,7 @@ private Q_SLOTS:
         const double dotsPerInch = QGuiApplication::primaryScreen()->logicalDotsPerInch();
         QCOMPARE(layout::pixelsFromTwips(1440), qRound(dotsPerInch));
         QCOMPARE(layout::pixelsFromTwips(0), 0);
-        const int oneWay = layout::twipsFromPixels(layout::pixelsFromTwips(14600));
-        QVERIFY2(qAbs(oneWay - 14600) < 1440 / dotsPerInch, qPrintable(QString::number(oneWay)));
+        QCOMPARE(layout::pixelsFromTwips(14600), qRound(14600 * dotsPerInch / 1440));
     }
 
     void screenAndCentre_areThoseOfTheScreen()
