@@ -30,6 +30,8 @@ frmInfo::frmInfo()
     setUpTabs();
     connect(m_helpKey, &QShortcut::activated, this, &frmInfo::helpRequested);
     setUpTabKeys();
+    connect(m_search, &search::SearchFrame::shortlistSaved, this,
+            [this] { m_tabs->setCurrentIndex(WorksheetTab); });
     connect(m_about, &AboutFrame::termsRequested, this, &frmInfo::termsRequested);
     load();
     connect(m_tabs, &QTabWidget::currentChanged, this, &frmInfo::tabClicked);
@@ -94,8 +96,8 @@ QWidget *frmInfo::makeWorksheetFrame()
     m_topNNote->setParent(frame);
     m_topNNote->setObjectName(QStringLiteral("lblTopNNote"));
     auto *note = new QLabel(
-        QStringLiteral("Ranking your favourites and trying out full names is not part of this "
-                       "version yet."),
+        QStringLiteral("Your shortlist is saved on the Search tab. Ranking it and trying out full "
+                       "names is not part of this version yet."),
         frame);
     note->setObjectName(QStringLiteral("lblWorksheetNote"));
     note->setAlignment(Qt::AlignLeft | Qt::AlignTop);
@@ -112,7 +114,7 @@ void frmInfo::load()
     m_search->InitialiseOptions();
     m_topN = QString::number(basDatabase::NumericValue(basDatabase::Setting(u"topn")));
     m_search->InitialiseAlphabet();
-    m_maxSelect = basDatabase::Setting(u"maxselect");
+    m_search->setMaxSelect(basDatabase::Setting(u"maxselect"));
     setWindowTitle(windowTitle() % u' ' % basDatabase::Setting(u"versionno"));
 
     m_popular->navigate(pagefiles::path(pagefiles::popular));

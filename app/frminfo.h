@@ -62,6 +62,5 @@ private:
     AboutFrame *m_about;
     QShortcut *m_helpKey;
 
-    QString m_topN;      ///< how many names are ranked, as the text of a whole number
-    QString m_maxSelect; ///< how many names one should tick at most
+    QString m_topN; ///< how many names are ranked, as the text of a whole number
 };

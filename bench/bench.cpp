@@ -13,6 +13,7 @@
 #include "platform/access/filestamp.h"
 #include "platform/access/likepattern.h"
 #include "search/criteria.h"
+#include "search/pagequeries.h"
 #include "search/searchframe.h"
 
 #include <QApplication>

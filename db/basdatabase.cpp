@@ -62,6 +62,7 @@ bool OpenDatabase()
             endProgram(QStringLiteral("Database is corrupted!"));
         strConnect = ConnectionText(strPassword);
         connection().open(strConnect);
+        connection().makePrivate(QStringLiteral("tbltemp"));
         return true;
     } catch (const dbaccess::EngineError &) {
         endProgram(QStringLiteral("Failed to connect database!"));

@@ -53,7 +53,8 @@ create table tblinitial(
     init_other text collate tovarin,
     init_desc text collate tovarin);
 
--- Scratch: the last page on its way to the screen. Filled by position, so the order counts.
+-- Scratch: the last page on its way to the screen. Filled by position, so the order counts. Each
+-- copy of the program fills one of its own in memory; this one gives the columns.
 create table tbltemp(
     name_desc text collate tovarin,
     name_orgid text,

@@ -91,21 +91,4 @@ QString criteriaClause(const ListCriteria &criteria)
     return clause + joinConditions(clause);
 }
 
-QString firstPageQuery(const QString &clause)
-{
-    return u"select top 100 name_first, name_desc, name_sex, org_desc, meaning_name, name_select "
-           u"from tblmaster, tblmeaning, tblorg "
-           % clause % u" order by name_desc, name_sex, org_desc, meaning_name ";
-}
-
-QString countQuery(const QString &clause)
-{
-    return u"select count(*) from tblmaster, tblmeaning, tblorg " % clause;
-}
-
-QString tickCountQuery()
-{
-    return QStringLiteral("select count(*) from tblmaster where name_select = 'Y' ");
-}
-
 } // namespace search

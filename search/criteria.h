@@ -45,11 +45,4 @@ struct ListCriteria
 QString criteriaClause(const SearchCriteria &criteria);
 QString criteriaClause(const ListCriteria &criteria);
 
-/// The query of a browse's first page, and of how many names it finds in all.
-QString firstPageQuery(const QString &clause);
-QString countQuery(const QString &clause);
-
-/// The query of how many names are ticked, on this page or elsewhere.
-QString tickCountQuery();
-
 } // namespace search

@@ -26,6 +26,16 @@ std::int16_t rowNumber(std::int16_t page, int row)
     return to16Bit(qint64(page - 1) * pageSize + row);
 }
 
+std::int16_t lastPageRows(qint64 names)
+{
+    return static_cast<std::int16_t>(names % pageSize);
+}
+
+PageMoves pageMoves(std::int16_t page, std::int16_t pages)
+{
+    return {.back = pages != 1 && page != 1, .forward = pages != 1 && page != pages};
+}
+
 QString pageLabel(std::int16_t page, std::int16_t pages)
 {
     return QStringLiteral("Page %1 of %2").arg(page).arg(pages);

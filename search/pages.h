@@ -24,6 +24,22 @@ std::int16_t pageCount(qint64 names);
 /// @throws std::overflow_error
 std::int16_t rowNumber(std::int16_t page, int row);
 
+/// How many names the last page holds. Full last pages count as 0.
+std::int16_t lastPageRows(qint64 names);
+
+/// The directions in which there are pages.
+struct PageMoves
+{
+    bool back = false;    ///< to the first and to the previous page
+    bool forward = false; ///< to the next and to the last page
+
+    bool operator==(const PageMoves &) const = default;
+};
+
+/// Where one can go from a page. Page 0 of 0, of a browse that found nothing, counts as one behind
+/// others.
+PageMoves pageMoves(std::int16_t page, std::int16_t pages);
+
 /// "Page 2 of 7"
 QString pageLabel(std::int16_t page, std::int16_t pages);
 

@@ -4,6 +4,7 @@
 #include "search/resultgrid.h"
 
 #include "platform/grid/flexgrid.h"
+#include "platform/grid/redrawlock.h"
 #include "search/pages.h"
 
 #include <QPainter>
@@ -14,9 +15,11 @@ namespace search {
 
 namespace {
 
+constexpr QStringView tickMark = u"_";
+
 constexpr int tickSize = 15; // device-independent pixels
 
-QPixmap drawTick(const QWidget &widget, bool isTicked)
+QPixmap drawTick(const QWidget &widget, bool ticked)
 {
     const qreal ratio = widget.devicePixelRatioF();
     QPixmap picture(QSize(tickSize, tickSize) * ratio);
@@ -29,10 +32,10 @@ QPixmap drawTick(const QWidget &widget, bool isTicked)
     const QRectF box(1.5, 1.5, tickSize - 3, tickSize - 3);
     const QColor accent = palette.color(QPalette::Active, QPalette::Highlight);
     const QColor ink = palette.color(QPalette::Active, QPalette::Text);
-    painter.setPen(QPen(isTicked ? accent : QColor(ink.red(), ink.green(), ink.blue(), 150), 1.2));
-    painter.setBrush(isTicked ? accent : palette.color(QPalette::Active, QPalette::Base));
+    painter.setPen(QPen(ticked ? accent : QColor(ink.red(), ink.green(), ink.blue(), 150), 1.2));
+    painter.setBrush(ticked ? accent : palette.color(QPalette::Active, QPalette::Base));
     painter.drawRoundedRect(box, 2.5, 2.5);
-    if (isTicked) {
+    if (ticked) {
         QPainterPath tick(QPointF(4.2, 7.8));
         tick.lineTo(6.6, 10.2);
         tick.lineTo(10.9, 4.9);
@@ -91,18 +94,70 @@ void appendRecords(grid::FlexGrid &page, dbaccess::Recordset &records, std::int1
     }
 }
 
-void markFromDatabase(grid::FlexGrid &page, const TickPictures &pictures)
+namespace {
+
+/// Shows the rows whose tick column holds a text as ticked, the others as not ticked.
+void markTicks(grid::FlexGrid &page, QStringView ticked, const TickPictures &pictures)
 {
     for (int row = 1; row < page.rowCount(); ++row)
-        setTick(page, row, page.text(row, TickColumn) == u"Y", pictures);
+        setTick(page, row, page.text(row, TickColumn) == ticked, pictures);
 }
 
-void setTick(grid::FlexGrid &page, int row, bool isTicked, const TickPictures &pictures)
+} // namespace
+
+void copyPage(const grid::FlexGrid &from, grid::FlexGrid &to, const TickPictures &pictures)
 {
-    page.setText(row, TickColumn, isTicked ? QStringLiteral("_") : QString());
-    page.setPicture(row, TickColumn, isTicked ? pictures.checked : pictures.unchecked);
+    const grid::RedrawLock lock(&to);
+    clearPage(to);
+    for (int row = 1; row < from.rowCount(); ++row)
+        to.addItem(from.rowText(row));
+    markTicks(to, tickMark, pictures);
+}
+
+void copyPageReversed(const grid::FlexGrid &from, grid::FlexGrid &to, std::int16_t pageNumber,
+                      const TickPictures &pictures)
+{
+    const grid::RedrawLock lock(&to);
+    clearPage(to);
+    for (int row = from.rowCount() - 1; row > 0; --row) {
+        const int newRow = to.rowCount();
+        to.addItem(from.rowText(row));
+        to.setText(newRow, NumberColumn, QString::number(rowNumber(pageNumber, newRow)));
+    }
+    markTicks(to, tickMark, pictures);
+}
+
+PageKey keyOfNextPage(const grid::FlexGrid &page)
+{
+    const auto text = [&page](int column) {
+        return page.text(page.rowCount() - 1, column).trimmed();
+    };
+    return {text(NameColumn), text(SexColumn), text(OriginColumn), text(MeaningColumn)};
+}
+
+PageKey keyOfPreviousPage(const grid::FlexGrid &page)
+{
+    PageKey key = keyOfNextPage(page);
+    key.name = page.text(1, NameColumn).trimmed();
+    return key;
+}
+
+void markFromDatabase(grid::FlexGrid &page, const TickPictures &pictures)
+{
+    markTicks(page, u"Y", pictures);
+}
+
+bool isTicked(const grid::FlexGrid &page, int row)
+{
+    return page.text(row, TickColumn) == tickMark;
+}
+
+void setTick(grid::FlexGrid &page, int row, bool ticked, const TickPictures &pictures)
+{
+    page.setText(row, TickColumn, ticked ? tickMark.toString() : QString());
+    page.setPicture(row, TickColumn, ticked ? pictures.checked : pictures.unchecked);
     page.setAccessibleText(row, TickColumn,
-                           isTicked ? QStringLiteral("ticked") : QStringLiteral("not ticked"));
+                           ticked ? QStringLiteral("ticked") : QStringLiteral("not ticked"));
 }
 
 } // namespace search

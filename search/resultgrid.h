@@ -4,6 +4,7 @@
 #pragma once
 
 #include "platform/access/recordset.h"
+#include "search/pagequeries.h"
 
 #include <QPixmap>
 
@@ -51,11 +52,30 @@ void clearPage(grid::FlexGrid &page);
 /// @throws std::overflow_error for a row number beyond 16 bits
 void appendRecords(grid::FlexGrid &page, dbaccess::Recordset &records, std::int16_t pageNumber);
 
+/// Makes a page a copy of another one, row by row as they stand there, ticks included.
+void copyPage(const grid::FlexGrid &from, grid::FlexGrid &to, const TickPictures &pictures);
+
+/// Makes a page a copy of another one upside down, numbered anew as the given page of the browse.
+/// @throws std::overflow_error for a row number beyond 16 bits
+void copyPageReversed(const grid::FlexGrid &from, grid::FlexGrid &to, std::int16_t pageNumber,
+                      const TickPictures &pictures);
+
+/// The key behind which the next page begins: that of the last row. A page without rows has the
+/// key of its header.
+PageKey keyOfNextPage(const grid::FlexGrid &page);
+
+/// The key before which the previous page ends: the name of the first row, but sex, origin and
+/// meaning of the last one.
+PageKey keyOfPreviousPage(const grid::FlexGrid &page);
+
 /// Turns the "Y" that a row brought from the database into the mark of a ticked row, anything else
 /// into that of an unticked one.
 void markFromDatabase(grid::FlexGrid &page, const TickPictures &pictures);
 
+/// Whether a row is shown as ticked.
+bool isTicked(const grid::FlexGrid &page, int row);
+
 /// Shows a row as ticked or not: text, picture, and what a screen reader says.
-void setTick(grid::FlexGrid &page, int row, bool isTicked, const TickPictures &pictures);
+void setTick(grid::FlexGrid &page, int row, bool ticked, const TickPictures &pictures);
 
 } // namespace search

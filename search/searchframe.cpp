@@ -8,6 +8,7 @@
 #include "platform/dialogs/waitcursor.h"
 #include "platform/grid/flexgrid.h"
 #include "platform/grid/redrawlock.h"
+#include "search/pagequeries.h"
 #include "search/pages.h"
 #include "ui_searchframe.h"
 
@@ -38,9 +39,14 @@ SearchFrame::SearchFrame(QWidget *parent)
     m_ui->setupUi(this);
     setUpResultGrid();
     setUpBrowseKeys();
+    setUpPageButtons();
     connect(m_ui->cmdSearch, &QPushButton::clicked, this,
             [this] { runBrowse(BrowseMode::Search); });
     connect(m_ui->cmdList, &QPushButton::clicked, this, [this] { runBrowse(BrowseMode::List); });
+    connect(m_ui->cmdSave, &QPushButton::clicked, this, [this] {
+        if (ErrorFree())
+            UpdateToDB();
+    });
 }
 
 SearchFrame::~SearchFrame() = default;
@@ -68,6 +74,15 @@ void SearchFrame::setUpResultGrid()
     m_tickPictures = drawTickPictures(*m_ui->msSearchList);
     m_ui->picChecked->setPixmap(m_tickPictures.checked);
     m_ui->picUnchecked->setPixmap(m_tickPictures.unchecked);
+    connect(m_ui->msSearchList, &grid::FlexGrid::cellClicked, this, &SearchFrame::toggleTick);
+}
+
+void SearchFrame::setUpPageButtons()
+{
+    connect(m_ui->cmdFirstPage, &QPushButton::clicked, this, &SearchFrame::showFirstPage);
+    connect(m_ui->cmdPageDown, &QPushButton::clicked, this, &SearchFrame::showPreviousPage);
+    connect(m_ui->cmdPageUp, &QPushButton::clicked, this, &SearchFrame::showNextPage);
+    connect(m_ui->cmdLastPage, &QPushButton::clicked, this, &SearchFrame::showLastPage);
 }
 
 void SearchFrame::showEvent(QShowEvent *event)
@@ -160,15 +175,14 @@ ListCriteria SearchFrame::listCriteria() const
 
 void SearchFrame::SearchRecord()
 {
-    m_searchCriteria = criteriaClause(searchCriteria());
     m_browseMode = BrowseMode::Search;
-    ShowFirstPage(m_searchCriteria);
+    ShowFirstPage(searchClause());
 }
 
 void SearchFrame::SearchRecord1()
 {
     m_browseMode = BrowseMode::List;
-    ShowFirstPage(criteriaClause(listCriteria()));
+    ShowFirstPage(listClause());
 }
 
 void SearchFrame::ShowFirstPage(const QString &clause)
@@ -177,24 +191,36 @@ void SearchFrame::ShowFirstPage(const QString &clause)
     m_ui->lblRecStatus->setText(QStringLiteral("%1 record(s) found").arg(count));
     m_currentPage = 1;
     DisplaySearchResult(firstPageQuery(clause));
-    const bool hasRows = m_ui->msSearchList->rowCount() > 1;
+    const grid::FlexGrid &page = *m_ui->msSearchList;
+    const bool hasRows = page.rowCount() > 1;
     m_currentPage = hasRows && count > 0 ? 1 : 0;
     m_totalPages = hasRows ? pageCount(count) : std::int16_t(0);
-    m_ui->lblPage->setText(pageLabel(m_currentPage, m_totalPages));
+    m_lastPageRows = lastPageRows(count);
+    DisplayPreviousList({}, pageNumber(-1));
+    DisplayNextList(pageAfterQuery(clause, keyOfNextPage(page)), pageNumber(+1));
+    ActivatePageButtons(m_currentPage, m_totalPages);
     RefreshSelectCount();
 }
 
 void SearchFrame::DisplaySearchResult(const QString &inpSQL)
+{
+    rebuildPage([this, &inpSQL] {
+        grid::FlexGrid &page = *m_ui->msSearchList;
+        formatPage(page);
+        if (std::optional<dbaccess::Recordset> records = basDatabase::OpenRecordset(inpSQL))
+            appendRecords(page, *records, m_currentPage);
+        markFromDatabase(page, m_tickPictures);
+    });
+}
+
+void SearchFrame::rebuildPage(const std::function<void()> &fill)
 {
     grid::FlexGrid &page = *m_ui->msSearchList;
     const bool hadFocus = page.hasFocus(); // which a hidden control loses
     page.hide();
     {
         const grid::RedrawLock lock(&page);
-        formatPage(page);
-        if (std::optional<dbaccess::Recordset> records = basDatabase::OpenRecordset(inpSQL))
-            appendRecords(page, *records, m_currentPage);
-        markFromDatabase(page, m_tickPictures);
+        fill();
         basResize::FitGridRows(page);
     }
     page.show();

@@ -120,6 +120,7 @@ void Connection::open(const QString &connectionString)
         engine.exec("pragma trusted_schema = off");
         engine.exec("pragma journal_mode = delete");
         engine.exec("pragma synchronous = full");
+        engine.exec("pragma temp_store = memory");
         // The whole dictionary stays in memory, 32 MB of it at most.
         engine.exec("pragma cache_size = -32768");
         refreshCollation(engine);
@@ -139,6 +140,11 @@ Connection::Database &Connection::database(const QString &sql)
 {
     if (m_observer)
         m_observer(sql);
+    return openedDatabase();
+}
+
+Connection::Database &Connection::openedDatabase()
+{
     if (!m_database)
         throw EngineError(EngineError::Reason::NotOpen,
                           QStringLiteral("The connection to the database is not open."));
@@ -174,6 +180,21 @@ void Connection::execute(const QString &sql)
         const QString insert = u"insert into " % translation.intoTable % u' ' % translation.sql;
         opened.engine.exec(insert.toStdString());
         savepoint.release();
+    } catch (const SQLite::Exception &exception) {
+        throw EngineError(exception);
+    }
+}
+
+void Connection::makePrivate(const QString &table)
+{
+    Database &opened = openedDatabase();
+    const QString name = quotedName(table);
+    try {
+        const QString all = u"select * from main." % name;
+        const SQLite::Statement columns(opened.engine, all.toStdString());
+        const QString create =
+            u"create temp table " % name % u'(' % columnDefinitions(columns, opened.columns) % u')';
+        opened.engine.exec(create.toStdString());
     } catch (const SQLite::Exception &exception) {
         throw EngineError(exception);
     }

@@ -37,6 +37,13 @@ public:
     /// @throws EngineError
     void execute(const QString &sql);
 
+    /// Puts an empty table of this connection's own in the place of the file's table of that name,
+    /// with its columns. What goes into it stays in memory until the connection is closed: no disk
+    /// is waited for, no other copy of the program sees it, and nothing of it is left behind by a
+    /// program that is killed.
+    /// @throws EngineError
+    void makePrivate(const QString &table);
+
     /// Calls the observer with the text of every statement, as given, before it is run.
     void setStatementObserver(std::function<void(const QString &)> observer);
 
@@ -44,6 +51,7 @@ private:
     struct Database;
 
     Database &database(const QString &sql);
+    Database &openedDatabase();
 
     std::unique_ptr<Database> m_database;
     std::function<void(const QString &)> m_observer;

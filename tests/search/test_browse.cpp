@@ -2,148 +2,15 @@
 // SPDX-License-Identifier: MIT
 
 #include "db/basdatabase.h"
-#include "layout/mainlayout.h"
-#include "platform/access/collation.h"
-#include "platform/access/likepattern.h"
-#include "platform/grid/flexgrid.h"
-#include "search/searchframe.h"
+#include "tests/search/searchtab.h"
 #include "tests/support/boxes.h"
-#include "tests/support/sampledatabase.h"
 
-#include <QCheckBox>
 #include <QComboBox>
-#include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
 
-#include <random>
-
 using dictionary::Entry;
-using search::SearchFrame;
-
-namespace {
-
-/// The Search tab on a sample database, ready as after the start of the program.
-class Tab
-{
-public:
-    explicit Tab(const std::vector<Entry> &entries) : m_database(entries)
-    {
-        basDatabase::OpenDatabase();
-        m_frame.setParent(&m_window);
-        m_frame.InitialiseNameCondition();
-        m_frame.InitialiseOrigin();
-        m_frame.InitialiseOptions();
-        m_frame.InitialiseAlphabet();
-        m_frame.RefreshSelectCount();
-        layout::place(m_window, layout::mainWindowPlacements(layout::ScreenClass::Designed));
-        m_window.show();
-    }
-    ~Tab()
-    {
-        basDatabase::WatchStatements({});
-        basDatabase::CloseDatabase();
-    }
-    Q_DISABLE_COPY_MOVE(Tab)
-
-    template <typename Control>
-    Control *control(const char *name)
-    {
-        return m_window.findChild<Control *>(QLatin1String(name));
-    }
-
-    void click(const char *button) { control<QAbstractButton>(button)->click(); }
-    QString label(const char *name) { return control<QLabel>(name)->text(); }
-    grid::FlexGrid &page() { return *control<grid::FlexGrid>("msSearchList"); }
-    SearchFrame &frame() { return m_frame; }
-
-    QStringList rows()
-    {
-        QStringList texts;
-        for (int row = 1; row < page().rowCount(); ++row)
-            texts.append(page().rowText(row).replace(u'\t', u'|'));
-        return texts;
-    }
-
-private:
-    support::SampleDatabase m_database;
-    QWidget m_window;
-    SearchFrame m_frame;
-};
-
-bool isBefore(const Entry &a, const Entry &b)
-{
-    const auto compare = [](const QString &x, const QString &y) {
-        return dbaccess::compareTexts(x, y);
-    };
-    if (const int names = compare(a.name, b.name); names != 0)
-        return names < 0;
-    if (a.sex != b.sex)
-        return a.sex < b.sex;
-    if (const int origins = compare(a.origin, b.origin); origins != 0)
-        return origins < 0;
-    return compare(a.meaning, b.meaning) < 0;
-}
-
-bool matches(const QString &text, const QString &pattern)
-{
-    return dbaccess::LikePattern(pattern.toStdString()).matches(text.toStdString());
-}
-
-/// Small random dictionaries in which much is nearly alike.
-class RandomWorld
-{
-public:
-    explicit RandomWorld(unsigned seed) : m_random(seed) { }
-
-    int below(int limit) { return int(m_random() % unsigned(limit)); }
-
-    QString word(int longest)
-    {
-        static const QStringList letters = {
-            QStringLiteral("a"), QStringLiteral("B"), QStringLiteral("é"),
-            QStringLiteral("E"), QStringLiteral("'"), QStringLiteral("%"),
-            QStringLiteral("_"), QStringLiteral("æ"), QStringLiteral(" ")};
-        QString text;
-        for (int length = 1 + below(longest); length > 0; --length)
-            text += letters[below(int(letters.size()))];
-        return text;
-    }
-
-    std::vector<Entry> dictionary(int size)
-    {
-        std::vector<Entry> entries;
-        for (int i = 0; i < size; ++i)
-            entries.push_back({word(3), below(2) ? u'B' : u'G',
-                               QStringList({QStringLiteral("Irish"), QStringLiteral("Côte d'Or"),
-                                            QStringLiteral("côte D'Or 2")})[below(3)],
-                               word(4)});
-        // A name stands once for each origin and sex.
-        std::ranges::sort(entries, isBefore);
-        const auto repeated = std::ranges::unique(entries, [](const Entry &a, const Entry &b) {
-            return dbaccess::compareTexts(a.name, b.name) == 0 && a.sex == b.sex
-                   && a.origin == b.origin;
-        });
-        entries.erase(repeated.begin(), repeated.end());
-        return entries;
-    }
-
-private:
-    std::mt19937 m_random;
-};
-
-const char *const sexButtons[] = {"optSearch_0", "optSearch_1", "optSearch_2"};
-const char *const listSexButtons[] = {"optList1_0", "optList1_1", "optList1_2"};
-const char *const fieldButtons[] = {"optList_0", "optList_1", "optList_2"};
-
-bool isOfSex(const Entry &entry, int sexButton)
-{
-    return sexButton == 2 || entry.sex == (sexButton == 0 ? u'B' : u'G');
-}
-
-} // namespace
 
 class TestBrowse : public QObject
 {
@@ -163,11 +30,7 @@ private:
         QStringList expected;
         for (int i = 0; i < qMin(count, 100); ++i) {
             const Entry &entry = found[std::size_t(i)];
-            const QString tick = ticked.contains(entry.name) ? QStringLiteral("_") : QString();
-            expected.append(
-                QStringList({QString::number(i + 1), dbaccess::firstPlainLetter(entry.name),
-                             entry.name, entry.sex, entry.origin, entry.meaning, tick})
-                    .join(u'|'));
+            expected.append(rowText(i + 1, entry, ticked.contains(entry.name)));
         }
         QCOMPARE(tab.rows(), expected);
     }
@@ -266,37 +129,12 @@ private Q_SLOTS:
                  !rows->isAtEnd(); rows->moveNext(), ++tickCount)
                 ticked.insert(rows->text(qsizetype(0)));
             for (int round = 0; round < 60; ++round) {
-                const QString name = world.below(4) ? world.word(2) : QString();
-                const QString meaning = world.below(3) ? QString() : world.word(2);
-                const int rule = world.below(4);
-                const int sex = world.below(3);
-                const bool tickedOnly = world.below(5) == 0;
-                QComboBox &origins = *tab.control<QComboBox>("cboOrigin");
-                const QString origin = world.below(3)   ? QStringLiteral("All")
-                                       : world.below(2) ? QStringLiteral("CÔTE D'OR")
-                                                        : QStringLiteral("Irish ");
-                origins.setEditText(origin);
-                tab.control<QLineEdit>("txtSearchName")->setText(name);
-                tab.control<QLineEdit>("txtMeaning")->setText(meaning);
-                tab.control<QComboBox>("cboNameCondition")->setCurrentIndex(rule);
-                tab.click(sexButtons[sex]);
-                tab.control<QCheckBox>("chkSelected")->setChecked(tickedOnly);
+                const search::SearchCriteria criteria = world.searchCriteria();
+                tab.choose(criteria);
                 tab.click("cmdSearch");
-
-                const QString patterns[] = {QString(), QString(name % u'%'), QString(u'%' % name),
-                                            QString(u'%' % name % u'%')};
                 std::vector<Entry> found;
                 std::ranges::copy_if(all, std::back_inserter(found), [&](const Entry &entry) {
-                    const bool nameFits =
-                        name.isEmpty()
-                        || (rule == 0 ? dbaccess::compareTexts(entry.name, name) == 0
-                                      : matches(entry.name, patterns[rule]));
-                    const bool originFits =
-                        origin == u"All" || dbaccess::compareTexts(entry.origin, origin) == 0;
-                    const bool meaningFits =
-                        meaning.isEmpty() || matches(entry.meaning, u'%' % meaning % u'%');
-                    return nameFits && originFits && meaningFits && isOfSex(entry, sex)
-                           && (!tickedOnly || ticked.contains(entry.name));
+                    return finds(criteria, entry, ticked.contains(entry.name));
                 });
                 compareWithPage(tab, found, ticked, tickCount);
                 if (QTest::currentTestFailed())
@@ -311,22 +149,12 @@ private Q_SLOTS:
         const std::vector<Entry> all = world.dictionary(500);
         Tab tab(all);
         for (int round = 0; round < 60; ++round) {
-            const QString letter =
-                QStringList({QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C"),
-                             QStringLiteral("E"), QStringLiteral("I")})[world.below(5)];
-            const int field = world.below(3);
-            const int sex = world.below(3);
-            tab.control<QComboBox>("cboAlphabet")->setCurrentText(letter);
-            tab.click(fieldButtons[field]);
-            tab.click(listSexButtons[sex]);
+            const search::ListCriteria criteria = world.listCriteria();
+            tab.choose(criteria);
             tab.click("cmdList");
             std::vector<Entry> found;
-            std::ranges::copy_if(all, std::back_inserter(found), [&](const Entry &entry) {
-                const QString &text = field == 0   ? entry.name
-                                      : field == 1 ? entry.meaning
-                                                   : entry.origin;
-                return matches(text, letter % u'%') && isOfSex(entry, sex);
-            });
+            std::ranges::copy_if(all, std::back_inserter(found),
+                                 [&](const Entry &entry) { return finds(criteria, entry); });
             compareWithPage(tab, found, {}, 0);
             if (QTest::currentTestFailed())
                 return;
