@@ -10,6 +10,8 @@
 #include "app/program.h"
 #include "db/bastovarin.h"
 #include "platform/browser/browserpane.h"
+#include "platform/grid/flexgrid.h"
+#include "search/resultgrid.h"
 
 #include <QDir>
 #include <QMessageBox>
@@ -43,8 +45,7 @@ public:
         showPage(main, 0, "dhtmThings", "things");
         showPage(main, 1, "dhtmPopular", "popular");
         search(main);
-        tabs(main)->setCurrentIndex(3);
-        takePicture(main, "worksheet");
+        save(main);
         showPage(main, 4, "dhtmHelp", "help");
         showPage(main, 5, "dhtmlAbout", "about");
         showWindows(main);
@@ -124,6 +125,12 @@ private:
         takePicture(main, "search-empty");
         QTest::mouseClick(child(main, "cmdList"), Qt::LeftButton);
         takePicture(main, "list");
+        QTest::mouseClick(child(main, "cmdPageUp"), Qt::LeftButton);
+        for (const int row : {1, 3, 4})
+            tick(main, row);
+        takePicture(main, "ticked");
+        QTest::mouseClick(child(main, "cmdLastPage"), Qt::LeftButton);
+        takePicture(main, "last-page");
 
         auto *both = child(main, "optSearch_2");
         QTest::mouseClick(both, Qt::LeftButton, {}, QPoint(8, both->height() / 2));
@@ -133,6 +140,20 @@ private:
         QTest::keyClicks(name, QStringLiteral("el"));
         QTest::keyClick(name, Qt::Key_Return);
         takePicture(main, "search");
+    }
+
+    static void tick(QWidget *main, int row)
+    {
+        auto *page = static_cast<grid::FlexGrid *>(child(main, "msSearchList"));
+        const QModelIndex box = page->model()->index(row - 1, search::TickColumn);
+        QTest::mouseClick(page->viewport(), Qt::LeftButton, {}, page->visualRect(box).center());
+    }
+
+    void save(QWidget *main)
+    {
+        answerQuestion(main, "saved", QMessageBox::Ok);
+        QTest::mouseClick(child(main, "cmdSave"), Qt::LeftButton);
+        takePicture(main, "worksheet");
     }
 
     void showWindows(QWidget *main)
@@ -153,15 +174,22 @@ private:
         help->close();
     }
 
+    /// Takes a picture of the message box that what comes next will open, and answers it.
+    void answerQuestion(QWidget *main, const char *name, QMessageBox::StandardButton answer)
+    {
+        QTimer::singleShot(200, main, [this, name, answer] {
+            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            if (!box)
+                fail(QStringLiteral("there is no message box to take a picture of: %1")
+                         .arg(QLatin1String(name)));
+            takePicture(box, name);
+            box->button(answer)->click();
+        });
+    }
+
     void leave(QWidget *main)
     {
-        QTimer::singleShot(200, main, [this] {
-            auto *question = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-            if (!question)
-                fail(QStringLiteral("nobody asks before the program ends"));
-            takePicture(question, "leaving");
-            question->button(QMessageBox::Yes)->click();
-        });
+        answerQuestion(main, "leaving", QMessageBox::Yes);
         main->close();
     }
 

@@ -7,6 +7,7 @@
 #include "platform/access/engineerror.h"
 #include "platform/access/likepattern.h"
 #include "platform/access/sqltokens.h"
+#include "tests/support/brokendisks.h"
 #include "tests/support/sampledatabase.h"
 
 #include <QFile>
@@ -17,36 +18,11 @@
 #include <random>
 #include <set>
 
-#ifdef Q_OS_UNIX
-#include <unistd.h>
-#endif
-
 using dbaccess::Connection;
 using dbaccess::EngineError;
 using Reason = EngineError::Reason;
 
 namespace {
-
-/// Acts as an ordinary user while it lives, for whom, unlike for the superuser, read-only counts.
-class OrdinaryUser
-{
-public:
-#ifdef Q_OS_UNIX
-    OrdinaryUser()
-    {
-        if (geteuid() == 0)
-            m_isChanged = seteuid(65534) == 0;
-    }
-    ~OrdinaryUser()
-    {
-        if (m_isChanged && seteuid(0) != 0)
-            std::abort();
-    }
-
-private:
-    bool m_isChanged = false;
-#endif
-};
 
 std::vector<dictionary::Entry> someEntries()
 {
@@ -202,27 +178,46 @@ private Q_SLOTS:
         other.execute(QStringLiteral("delete from tbltemp"));
     }
 
+    void privateTable_isSeenByItsConnectionAlone()
+    {
+        const support::SampleDatabase sample(someEntries());
+        const QString text = basDatabase::ConnectionText(support::samplePassword());
+        const QString names = QStringLiteral("select name_desc from tbltemp order by name_desc");
+        const QString insert =
+            QStringLiteral("INSERT INTO tbltemp select top 2 name_desc, name_orgid, name_sex, "
+                           "name_mid, name_first, name_select from tblmaster order by name_desc ");
+        Connection connection;
+        Connection other;
+        QCOMPARE(reasonOf([&] { connection.makePrivate(QStringLiteral("tbltemp")); }),
+                 Reason::NotOpen);
+        connection.open(text);
+        other.open(text);
+        other.execute(insert % u"desc");
+        connection.makePrivate(QStringLiteral("tbltemp"));
+        connection.execute(insert);
+        // Its texts compare as in the file.
+        connection.execute(QStringLiteral("update tbltemp set name_desc = 'anna' where "
+                                          "name_desc = 'ANNA'"));
+        QCOMPARE(column(connection, names),
+                 QStringList({QStringLiteral("anna"), QStringLiteral("Élodie")}));
+        QCOMPARE(column(other, names),
+                 QStringList({QStringLiteral("Noah"), QStringLiteral("O'Neil")}));
+        QCOMPARE(reasonOf([&] { connection.makePrivate(QStringLiteral("tblnone")); }),
+                 Reason::UnknownTable);
+    }
+
     void readOnlyFile_canBeReadButNotWritten()
     {
         const support::SampleDatabase sample(someEntries());
-        QFile file(sample.file(QStringLiteral("Tovarin.mdb")));
-        QFile folder(sample.folder());
-        file.setPermissions(QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
-        folder.setPermissions(QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup
-                              | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther);
-        {
-            const OrdinaryUser user;
-            Connection connection;
-            connection.open(basDatabase::ConnectionText(support::samplePassword()));
-            QCOMPARE(column(connection, QStringLiteral("select count(*) from tblmaster")),
-                     QStringList(QStringLiteral("5")));
-            QCOMPARE(reasonOf([&] {
-                         connection.execute(
-                             QStringLiteral("update tblmaster set name_select = 'Y'"));
-                     }),
-                     Reason::ReadOnly);
-        }
-        folder.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        const support::ReadOnlyFolder readOnly(sample.folder());
+        Connection connection;
+        connection.open(basDatabase::ConnectionText(support::samplePassword()));
+        QCOMPARE(column(connection, QStringLiteral("select count(*) from tblmaster")),
+                 QStringList(QStringLiteral("5")));
+        QCOMPARE(reasonOf([&] {
+                     connection.execute(QStringLiteral("update tblmaster set name_select = 'Y'"));
+                 }),
+                 Reason::ReadOnly);
     }
 
     void recordset_readsFieldsByPlaceAndName()

@@ -49,6 +49,7 @@ Tab::Tab(const std::vector<Entry> &entries) : m_database(entries)
     m_frame.InitialiseOrigin();
     m_frame.InitialiseOptions();
     m_frame.InitialiseAlphabet();
+    m_frame.setMaxSelect(QStringLiteral("20"));
     m_frame.RefreshSelectCount();
     layout::place(m_window, layout::mainWindowPlacements(layout::ScreenClass::Designed));
     m_window.resize(m_frame.size());

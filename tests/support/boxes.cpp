@@ -11,13 +11,26 @@
 
 namespace support {
 
-char *toString(const Box &box)
+static QString describe(const Box &box)
 {
     const QString icon = box.icon == QMessageBox::Critical      ? QStringLiteral("critical")
                          : box.icon == QMessageBox::Information ? QStringLiteral("information")
                          : box.icon == QMessageBox::Question    ? QStringLiteral("question")
                                                                 : QStringLiteral("other");
-    return QTest::toString(QString(icon % u" [" % box.title % u"] " % box.text));
+    return icon % u" [" % box.title % u"] " % box.text;
+}
+
+char *toString(const Box &box)
+{
+    return QTest::toString(describe(box));
+}
+
+char *toString(const std::vector<Box> &boxes)
+{
+    QStringList lines;
+    for (const Box &box : boxes)
+        lines.append(describe(box));
+    return QTest::toString(lines.join(u'\n'));
 }
 
 BoxReader::BoxReader(QMessageBox::StandardButton answer) : m_answer(answer)

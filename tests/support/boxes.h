@@ -21,8 +21,9 @@ struct Box
     bool operator==(const Box &) const = default;
 };
 
-/// For a failing comparison: "critical [Error] text".
+/// For a failing comparison: "critical [Error] text", a line for each box.
 char *toString(const Box &box);
+char *toString(const std::vector<Box> &boxes);
 
 /// Closes every message box that opens while it lives, with the given button or, where a box has
 /// no such button, its default one, and remembers what was said.
