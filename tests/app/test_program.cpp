@@ -3,79 +3,10 @@
 
 // Starts the program as it was built, in folders of its own, and uses it through its windows.
 
-#include "db/bastovarin.h"
+#include "tests/app/builtprogram.h"
 
-#include <QDir>
 #include <QFile>
-#include <QProcess>
-#include <QTemporaryDir>
 #include <QTest>
-
-namespace {
-
-constexpr int programTimeout = 60000; // milliseconds
-
-/// A program folder like the shipped one.
-class ProgramFolder
-{
-public:
-    ProgramFolder()
-    {
-        const QDir built(QStringLiteral(PROGRAM_FOLDER));
-        for (const QString &name : built.entryList(QDir::Files)) {
-            const bool isUserFile = name.compare(u"Tovarin.mdb", Qt::CaseInsensitive) == 0
-                                    || name.compare(u"tovarin.dll", Qt::CaseInsensitive) == 0;
-            const QDir from(isUserFile ? QStringLiteral(SHIPPED_FOLDER) : built.path());
-            if (!QFile::copy(from.filePath(name), m_folder.filePath(name)))
-                qFatal("can't copy %s", qPrintable(name));
-        }
-    }
-
-    QString file(const char *name) const { return m_folder.filePath(QLatin1String(name)); }
-
-    void replace(const char *name, const QByteArray &content) const
-    {
-        QFile out(file(name));
-        if (!out.open(QIODevice::WriteOnly) || out.write(content) != content.size())
-            qFatal("can't write %s", name);
-    }
-
-private:
-    QTemporaryDir m_folder;
-};
-
-struct Run
-{
-    int exitCode = -1;
-    QStringList said; ///< what the pilot printed
-};
-
-/// Starts the program of a folder with a script for the pilot, and waits for its end.
-Run runProgram(const ProgramFolder &folder, const QString &script)
-{
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("QT_PLUGIN_PATH"), QStringLiteral(PLUGIN_FOLDER));
-    environment.insert(QStringLiteral("QT_QPA_GENERIC_PLUGINS"), QStringLiteral("pilot"));
-    environment.insert(QStringLiteral("PILOT_SCRIPT"), script);
-    QProcess program;
-    program.setProcessEnvironment(environment);
-    program.start(folder.file("tovarin"), {});
-    if (!program.waitForFinished(programTimeout)) {
-        program.kill();
-        program.waitForFinished();
-        qWarning("%s", program.readAllStandardError().constData());
-        return {};
-    }
-    Run run {program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -2, {}};
-    for (const QString &line : QString::fromUtf8(program.readAllStandardError()).split(u'\n')) {
-        if (line.startsWith(u"box: ") || line.startsWith(u"lbl") || line.startsWith(u"frm")
-            || line.startsWith(u"ms"))
-            run.said.append(line);
-    }
-    return run;
-}
-
-} // namespace
 
 class TestProgram : public QObject
 {

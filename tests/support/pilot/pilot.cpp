@@ -17,7 +17,7 @@ namespace pilot {
 
 namespace {
 
-constexpr int stepInterval = 5; // milliseconds
+constexpr int stepInterval = 1; // milliseconds
 
 void say(const QString &text)
 {
@@ -34,6 +34,21 @@ QString textOf(const QWidget *widget)
     return widget->windowTitle();
 }
 
+/// Clicks into the last column of a row, then says what stands in the row.
+void tick(QTableView *table, int row)
+{
+    const QAbstractItemModel &model = *table->model();
+    if (model.rowCount() == 0)
+        return;
+    const QModelIndex box = model.index(row % model.rowCount(), model.columnCount() - 1);
+    table->scrollTo(box);
+    QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, table->visualRect(box).center());
+    QStringList cells;
+    for (int column = 0; column < model.columnCount(); ++column)
+        cells.append(box.siblingAtColumn(column).data().toString());
+    say(u"tick: " % cells.join(u'|'));
+}
+
 void act(const QString &verb, QWidget *widget, const QString &text)
 {
     if (verb == u"click")
@@ -44,6 +59,8 @@ void act(const QString &verb, QWidget *widget, const QString &text)
         QTest::keyClicks(widget, text);
     else if (verb == u"enter")
         QTest::keyClick(widget, Qt::Key_Return);
+    else if (verb == u"tick")
+        tick(qobject_cast<QTableView *>(widget), text.toInt());
     else if (verb == u"print")
         say(widget->objectName() % u": " % textOf(widget));
 }

@@ -18,6 +18,8 @@ namespace pilot {
 ///   click NAME     clicks a button or a label      close NAME     closes a window
 ///   type NAME TEXT types a text                    enter NAME     presses Enter
 ///   tab N          goes to the tab N, from 0       print NAME     prints its text or row count
+///   tick NAME N    clicks the tick box of a grid's row, from 0 and round after the last one, and
+///                  when the click has returned prints "tick: " and the row
 ///   answer yes|no  how questions are answered from here on
 ///
 /// Message boxes are answered as they come and printed to standard error as "box: [title] text".
