@@ -5,15 +5,13 @@
 //                          hand-written statement on the bare engine, in the same run. Databases
 //                          are made in FOLDER. Sizes: 10000 30000 1000000 unless given.
 
+#include "bench/bareengine.h"
+#include "bench/statements.h"
 #include "bench/worlds.h"
 #include "db/basdatabase.h"
 #include "db/bastovarin.h"
 #include "layout/mainlayout.h"
-#include "platform/access/collation.h"
-#include "platform/access/filestamp.h"
-#include "platform/access/likepattern.h"
-#include "search/criteria.h"
-#include "search/pagequeries.h"
+#include "platform/grid/flexgrid.h"
 #include "search/searchframe.h"
 
 #include <QApplication>
@@ -25,140 +23,88 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-#include <sqlite3.h>
-
 #include <algorithm>
 #include <cstdio>
 #include <functional>
+#include <limits>
 
 namespace {
 
-/// Microseconds; the lower the quieter the machine was, so the median of many runs is taken.
-double medianOf(int runs, const std::function<void()> &action)
+/// Microseconds.
+double timeOf(const std::function<void()> &action)
 {
-    action(); // warms the caches for both sides alike
-    std::vector<double> times;
-    for (int i = 0; i < runs; ++i) {
-        QElapsedTimer timer;
-        timer.start();
-        action();
-        times.push_back(double(timer.nsecsElapsed()) / 1000.0);
-    }
-    std::ranges::nth_element(times, times.begin() + runs / 2);
-    return times[std::size_t(runs / 2)];
+    QElapsedTimer timer;
+    timer.start();
+    action();
+    return double(timer.nsecsElapsed()) / 1000.0;
 }
 
-/// The engine without this program's layer, but for the collation that the file's indexes need.
-class BareEngine
+double medianOf(std::vector<double> times)
 {
-public:
-    explicit BareEngine(const QString &file)
-    {
-        sqlite3_open(file.toUtf8().constData(), &m_handle);
-        const auto collate = [](void *, int lengthA, const void *a, int lengthB, const void *b) {
-            return dbaccess::compareTexts(
-                std::string_view(static_cast<const char *>(a), std::size_t(lengthA)),
-                std::string_view(static_cast<const char *>(b), std::size_t(lengthB)));
-        };
-        sqlite3_create_collation_v2(m_handle, dbaccess::collationName, SQLITE_UTF8, nullptr,
-                                    collate, nullptr);
+    const auto middle = times.begin() + qsizetype(times.size() / 2);
+    std::ranges::nth_element(times, middle);
+    return *middle;
+}
+
+/// The median of many runs, in microseconds, after one that warms the caches. What comes before
+/// each run is not measured.
+double medianOf(
+    int runs, const std::function<void()> &action, const std::function<void()> &before = [] {})
+{
+    before();
+    action();
+    std::vector<double> times;
+    for (int i = 0; i < runs; ++i) {
+        before();
+        times.push_back(timeOf(action));
     }
-    ~BareEngine() { sqlite3_close(m_handle); }
-    Q_DISABLE_COPY_MOVE(BareEngine)
+    return medianOf(std::move(times));
+}
 
-    /// Runs a query and takes over its rows as texts; answers how many there were.
-    int fetch(const char *sql) const
-    {
-        sqlite3_stmt *statement = nullptr;
-        if (sqlite3_prepare_v2(m_handle, sql, -1, &statement, nullptr) != SQLITE_OK)
-            qFatal("%s", sqlite3_errmsg(m_handle));
-        std::vector<std::vector<QString>> rows;
-        while (sqlite3_step(statement) == SQLITE_ROW) {
-            std::vector<QString> &row = rows.emplace_back();
-            for (int i = 0; i < sqlite3_column_count(statement); ++i)
-                row.push_back(QString::fromUtf8(
-                    reinterpret_cast<const char *>(sqlite3_column_text(statement, i))));
-        }
-        sqlite3_finalize(statement);
-        return int(rows.size());
+/// The medians of two actions that take turns, so that a busy machine slows both alike.
+std::pair<double, double> mediansOf(int runs, const std::function<void()> &one,
+                                    const std::function<void()> &other)
+{
+    one();
+    other();
+    std::vector<double> times;
+    std::vector<double> otherTimes;
+    for (int i = 0; i < runs; ++i) {
+        times.push_back(timeOf(one));
+        otherTimes.push_back(timeOf(other));
     }
+    return {medianOf(std::move(times)), medianOf(std::move(otherTimes))};
+}
 
-private:
-    sqlite3 *m_handle = nullptr;
-};
-
-/// A statement of the program, and the best that one would write by hand for the same rows.
-struct Pair
+/// Runs statements one by one; answers how many rows there were.
+int runOurs(const QStringList &texts)
 {
-    const char *name;
-    QString ours;
-    QByteArray bare;
-};
-
-constexpr char pageColumns[] = "select name_first, name_desc, name_sex, org_desc, meaning_name, "
-                               "name_select from tblmaster, tblmeaning, tblorg ";
-constexpr char joins[] = "name_mid = meaning_id and name_orgid = org_id ";
-constexpr char pageOrder[] = "order by name_desc, name_sex, org_desc, meaning_name limit 100";
-constexpr char countColumns[] =
-    "select count(*) from tblmaster, tblmeaning, tblorg where name_mid = meaning_id and "
-    "name_orgid = org_id ";
-
-std::vector<Pair> pairs()
-{
-    using search::SearchCriteria;
-    const auto clause = [](const SearchCriteria &criteria) {
-        return search::criteriaClause(criteria);
-    };
-    const auto page = [](const QByteArray &condition) -> QByteArray {
-        return QByteArray(pageColumns) + "where " + condition + joins + pageOrder;
-    };
-    const QString everything = clause({.sex = search::Sex::Both});
-    const QString prefix = clause({.sex = search::Sex::Both,
-                                   .name = QStringLiteral("Ma"),
-                                   .nameRule = search::NameRule::StartsWith});
-    const QString contains = clause({.sex = search::Sex::Both,
-                                     .name = QStringLiteral("lur"),
-                                     .nameRule = search::NameRule::Contains});
-    const QString origin =
-        clause({.sex = search::Sex::Both, .origin = QStringLiteral("Origin 07")});
-    const QString boys = clause({.sex = search::Sex::Boy});
-    const QByteArray prefixRange = "name_desc >= 'Ma' and name_desc < 'Mb' ";
-    const QString lastPage =
-        u"select top 50 name_first, name_desc, name_sex, org_desc, meaning_name, name_select "
-        u"from tblmaster, tblmeaning, tblorg "
-        % everything % u"order by name_desc desc, name_sex desc, org_desc desc, meaning_name desc ";
-    return {
-        {"first page, all", search::firstPageQuery(everything), page("")},
-        {"first page, boys", search::firstPageQuery(boys), page("name_sex = 'B' and ")},
-        {"first page, prefix", search::firstPageQuery(prefix), page(prefixRange + "and ")},
-        {"first page, contains", search::firstPageQuery(contains),
-         page("name_desc like '%lur%' and ")},
-        {"first page, origin", search::firstPageQuery(origin), page("org_desc = 'Origin 07' and ")},
-        {"last page", lastPage,
-         QByteArray(pageColumns) + "where " + joins
-             + "order by name_desc desc, name_sex desc, org_desc desc, meaning_name desc limit 50"},
-        {"count, all", search::countQuery(everything), countColumns},
-        {"count, prefix", search::countQuery(prefix),
-         countColumns + QByteArray("and ") + prefixRange},
-        {"count, contains", search::countQuery(contains),
-         countColumns + QByteArray("and name_desc like '%lur%'")},
-        {"count, origin", search::countQuery(origin),
-         countColumns + QByteArray("and org_desc = 'Origin 07'")},
-        {"count, ticks", search::tickCountQuery(),
-         "select count(*) from tblmaster where name_select = 'Y'"},
-    };
+    int rows = 0;
+    for (const QString &sql : texts) {
+        if (sql.startsWith(u"select"))
+            rows += int(basDatabase::OpenRecordset(sql)->rowCount());
+        else
+            basDatabase::ExecuteSQL(sql);
+    }
+    return rows;
 }
 
 void benchStatements(int size, const BareEngine &bare)
 {
-    for (const Pair &pair : pairs()) {
-        const int runs = size > 100000 ? 7 : 41;
+    std::vector<statements::Pair> pairs = statements::starts();
+    std::ranges::move(statements::moves(bare), std::back_inserter(pairs));
+    for (const statements::Pair &pair : pairs) {
+        const int runs = size > 100000 ? 15 : 41;
         int rows = 0;
-        const double ours =
-            medianOf(runs, [&] { rows = int(basDatabase::OpenRecordset(pair.ours)->rowCount()); });
         int bareRows = 0;
-        const double theirs = medianOf(runs, [&] { bareRows = bare.fetch(pair.bare.constData()); });
-        std::printf("%9d  %-24s %10.0f %10.0f %7.2f%s\n", size, pair.name, ours, theirs,
+        const auto [ours, theirs] = mediansOf(
+            runs, [&] { rows = runOurs(pair.ours); },
+            [&] {
+                bareRows = 0;
+                for (const QByteArray &sql : pair.bare)
+                    bareRows += int(bare.fetch(sql).size());
+            });
+        std::printf("%9d  %-24s %10.0f %10.0f %7.2f%s\n", size, qPrintable(pair.name), ours, theirs,
                     ours / theirs, rows == bareRows ? "" : "  other rows!");
     }
 }
@@ -191,6 +137,26 @@ void benchActions(int size)
     report("click List (A, boys)", medianOf(runs, [&] { click("cmdList"); }));
     qobject_cast<QAbstractButton *>(control("optSearch_2"))->click();
     report("click Search (all)", medianOf(runs, [&] { click("cmdSearch"); }));
+    report("click next page", medianOf(runs, [&] { click("cmdPageUp"); }));
+    report("click previous page", medianOf(runs - 1, [&] { click("cmdPageDown"); }));
+    const bool endHasNumbers = size <= std::numeric_limits<std::int16_t>::max();
+    if (endHasNumbers) {
+        for (int page = size / 200; page > 1; --page)
+            click("cmdPageUp");
+        report("click next, halfway", medianOf(runs, [&] { click("cmdPageUp"); }));
+        report("click previous, halfway", medianOf(runs, [&] { click("cmdPageDown"); }));
+        qobject_cast<QAbstractButton *>(control("optSearch_0"))->click();
+        report("click last page (boys)",
+               medianOf(
+                   runs, [&] { click("cmdLastPage"); }, [&] { click("cmdSearch"); }));
+        report("click previous, at the end", medianOf(runs, [&] { click("cmdPageDown"); }));
+    }
+    auto *grid = static_cast<grid::FlexGrid *>(control("msSearchList"));
+    report("click a tick", medianOf(runs, [&] {
+               Q_EMIT grid->cellClicked(1, search::TickColumn);
+               QCoreApplication::processEvents();
+           }));
+    qobject_cast<QAbstractButton *>(control("optSearch_2"))->click();
     qobject_cast<QComboBox *>(control("cboNameCondition"))->setCurrentIndex(1);
     qobject_cast<QLineEdit *>(control("txtSearchName"))->setText(QStringLiteral("Ma"));
     report("click Search (prefix)", medianOf(runs, [&] { click("cmdSearch"); }));

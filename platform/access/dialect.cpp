@@ -91,7 +91,10 @@ private:
             const SqlToken &top = m_tokens[select + 1];
             const SqlToken &count = m_tokens[select + 2];
             replace(top.position, count.end() - top.position, QString());
-            m_limits.push_back({m_tokens[end - 1].end(), 0, u" limit " % count.text.toString()});
+            // Not a plain number: a small one would tempt the planner to sort everything rather
+            // than to read the few rows off an index.
+            m_limits.push_back(
+                {m_tokens[end - 1].end(), 0, u" limit " % count.text.toString() % u" + 0"});
         }
         const std::size_t into = endOfPart(select + 1, {u"into", u"from"});
         if (select == 0 && into + 1 < end && m_tokens[into].isWord(u"into")) {

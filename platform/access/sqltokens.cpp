@@ -60,7 +60,8 @@ SqlToken tokenAt(QStringView statement, qsizetype start)
 
 bool SqlToken::isWord(QStringView keyword) const
 {
-    return kind == Kind::Word && text.compare(keyword, Qt::CaseInsensitive) == 0;
+    return kind == Kind::Word && text.size() == keyword.size()
+           && text.compare(keyword, Qt::CaseInsensitive) == 0;
 }
 
 QString SqlToken::literalText() const

@@ -3,6 +3,7 @@
 
 #include "platform/access/wherebounds.h"
 
+#include "platform/access/collation.h"
 #include "platform/access/likepattern.h"
 
 #include <algorithm>
@@ -86,53 +87,77 @@ std::optional<Comparison> comparisonIn(Tokens tokens)
     return Comparison {columnText.toString().toLower(), columnText, sign.text, &literal};
 }
 
-std::optional<Comparison> comparisonOn(const QString &column, Tokens branch)
+/// The key of a page, part by part, and the sign by which rows lie beyond it.
+struct Keyset
 {
-    for (const Tokens part : splitAtTop(withoutBrackets(branch), u"and")) {
-        const std::optional<Comparison> comparison = comparisonIn(part);
-        if (comparison && comparison->column == column)
-            return comparison;
-    }
-    return std::nullopt;
+    std::vector<Comparison> parts;
+    QStringView sign;
+};
+
+bool isSamePart(const Comparison &a, const Comparison &b)
+{
+    return a.column == b.column && a.literal->literalText() == b.literal->literalText();
 }
 
-/// '>' if the chain bounds its first column from below, '<' from above, nothing otherwise.
-std::optional<QChar> directionOf(const std::vector<Tokens> &branches, const Comparison &first)
+/// One branch of a key's chain: the parts before it equal, the next one beyond. Adds the next one
+/// to the key.
+bool readBranch(Tokens branch, Keyset &keyset)
 {
-    std::optional<QChar> direction;
-    for (const Tokens branch : branches) {
-        if (hasAtTop(withoutBrackets(branch), u"or") || hasAtTop(withoutBrackets(branch), u"not"))
-            return std::nullopt;
-        const std::optional<Comparison> comparison = comparisonOn(first.column, branch);
-        if (!comparison || comparison->literal->text != first.literal->text)
-            return std::nullopt;
-        if (comparison->sign == u"=")
-            continue;
-        const QChar sign = comparison->sign.front();
-        const bool isOrder = (sign == u'<' || sign == u'>') && comparison->sign != u"<>";
-        if (!isOrder || (direction && *direction != sign))
-            return std::nullopt;
-        direction = sign;
+    const std::vector<Tokens> conditions = splitAtTop(withoutBrackets(branch), u"and");
+    if (conditions.size() != keyset.parts.size() + 1)
+        return false;
+    for (std::size_t i = 0; i < keyset.parts.size(); ++i) {
+        const std::optional<Comparison> same = comparisonIn(conditions[i]);
+        if (!same || same->sign != u"=" || !isSamePart(*same, keyset.parts[i]))
+            return false;
     }
-    return direction;
+    const std::optional<Comparison> beyond = comparisonIn(conditions.back());
+    if (!beyond || (beyond->sign != u"<" && beyond->sign != u">"))
+        return false;
+    if (!keyset.parts.empty() && beyond->sign != keyset.sign)
+        return false;
+    keyset.sign = beyond->sign;
+    keyset.parts.push_back(*beyond);
+    return true;
 }
 
-std::optional<Bound> keysetBound(Tokens conjunct)
+std::optional<Keyset> keysetIn(Tokens conjunct)
 {
     const std::vector<Tokens> branches = splitAtTop(withoutBrackets(conjunct), u"or");
     if (branches.size() < 2)
         return std::nullopt;
-    const std::vector<Tokens> firstParts = splitAtTop(withoutBrackets(branches.front()), u"and");
-    const std::optional<Comparison> first = comparisonIn(firstParts.front());
-    const std::optional<QChar> direction = first ? directionOf(branches, *first) : std::nullopt;
-    if (!direction)
-        return std::nullopt;
-    const QString bound = u" and " % first->columnText.toString() % u' ' % *direction % u"= "
-                          % sqlLiteral(first->literal->literalText()) % u' ';
-    return Bound {conjunct.back().end(), 0, bound};
+    Keyset keyset;
+    for (const Tokens branch : branches) {
+        if (!readBranch(branch, keyset))
+            return std::nullopt;
+    }
+    return keyset;
 }
 
-std::optional<Bound> prefixBound(Tokens conjunct, const QSet<QString> &textColumns)
+/// (a, b) > ('x', 'y')
+QString rowComparison(const Keyset &keyset)
+{
+    QStringList columns;
+    QStringList literals;
+    for (const Comparison &part : keyset.parts) {
+        columns.append(part.columnText.toString());
+        literals.append(sqlLiteral(part.literal->literalText()));
+    }
+    return u'(' % columns.join(u", ") % u") " % keyset.sign % u" (" % literals.join(u", ") % u')';
+}
+
+/// Whether the rows beyond a key are all on the inner side of a range's end.
+bool keepsWithin(const Keyset &keyset, QStringView sign, const QString &column, const QString &end)
+{
+    const Comparison &first = keyset.parts.front();
+    if (keyset.sign != sign || first.column != column)
+        return false;
+    const int order = compareTexts(first.literal->literalText(), end);
+    return sign == u">" ? order >= 0 : order < 0;
+}
+
+std::optional<Bound> prefixBound(Tokens conjunct, const QSet<QString> &textColumns,
+                                 const std::optional<Keyset> &keyset)
 {
     const std::optional<Comparison> comparison = comparisonIn(conjunct);
     if (!comparison || comparison->sign.compare(u"like", Qt::CaseInsensitive) != 0)
@@ -146,15 +171,20 @@ std::optional<Bound> prefixBound(Tokens conjunct, const QSet<QString> &textColum
     if (length == 0)
         return std::nullopt;
     const QString prefix = pattern.first(length);
-    const QString column = comparison->columnText.toString();
     const QString beyond = prefix + QString::fromUcs4(U"\U0010ffff", 1);
-    const QString range =
-        column % u" >= " % sqlLiteral(prefix) % u" and " % column % u" < " % sqlLiteral(beyond);
+    const QString column = comparison->columnText.toString();
+    // Of two bounds on the same side the engine might read the index from the wider one.
+    QStringList range;
+    if (!keyset || !keepsWithin(*keyset, u">", comparison->column, prefix))
+        range.append(column % u" >= " % sqlLiteral(prefix));
+    if (!keyset || !keepsWithin(*keyset, u"<", comparison->column, beyond))
+        range.append(column % u" < " % sqlLiteral(beyond));
+    const QString bounds = range.join(u" and ");
     if (pattern.sliced(length) == u"%" && isPlainText(prefix.toStdString())) {
         const qsizetype start = conjunct.front().position;
-        return Bound {start, conjunct.back().end() - start, range};
+        return Bound {start, conjunct.back().end() - start, bounds};
     }
-    return Bound {conjunct.back().end(), 0, QString(u" and " % range % u' ')};
+    return Bound {conjunct.back().end(), 0, QString(u" and " % bounds % u' ')};
 }
 
 } // namespace
@@ -165,13 +195,18 @@ std::vector<Bound> impliedBounds(Tokens condition, const QSet<QString> &textColu
     // "between x and y" has an "and" of its own; no statement of ours needs a bound there.
     if (hasAtTop(condition, u"or") || hasAtTop(condition, u"between"))
         return bounds;
-    for (const Tokens conjunct : splitAtTop(condition, u"and")) {
-        if (conjunct.empty())
-            continue;
-        std::optional<Bound> bound = keysetBound(conjunct);
-        if (!bound)
-            bound = prefixBound(conjunct, textColumns);
-        if (bound)
+    std::vector<Tokens> conjuncts = splitAtTop(condition, u"and");
+    std::erase_if(conjuncts, [](Tokens conjunct) { return conjunct.empty(); });
+    std::optional<Keyset> keyset;
+    for (const Tokens conjunct : conjuncts) {
+        if (std::optional<Keyset> found = keyset ? std::nullopt : keysetIn(conjunct)) {
+            const qsizetype start = conjunct.front().position;
+            bounds.push_back({start, conjunct.back().end() - start, rowComparison(*found)});
+            keyset = std::move(found);
+        }
+    }
+    for (const Tokens conjunct : conjuncts) {
+        if (const std::optional<Bound> bound = prefixBound(conjunct, textColumns, keyset))
             bounds.push_back(*bound);
     }
     return bounds;

@@ -19,15 +19,17 @@ struct Bound
     QString condition;
 };
 
-/// Conditions that follow from a "where" clause and let the engine read straight off an index.
+/// Conditions that say what a "where" clause says, or follow from it, and let the engine read
+/// straight off an index.
 ///
-/// - A page's key is a chain of "or"s, each branch of which bounds the same first column; the
-///   engine by itself would visit every row for it:
-///   ((a > 'x') or (a = 'x' and b > 'y'))  ->  and a >= 'x'
+/// - A page's key is a chain of "or"s, for which the engine would visit every row. It is a
+///   comparison of rows, which takes its place:
+///   ((a > 'x') or (a = 'x' and b > 'y'))  ->  (a, b) > ('x', 'y')
 /// - A pattern with a fixed beginning lies in a range:
 ///   a like 'Än%' -> and a >= 'Än' and a < 'Än' followed by the last character of all.
 ///   If the beginning has no accents and "%" alone follows it, the range is the very same
-///   condition and takes the pattern's place.
+///   condition and takes the pattern's place. An end of the range that the key has already passed
+///   is left out, or the engine might read the index from there.
 ///
 /// None changes which rows are found. Patterns are bounded only on columns ordered by the
 /// dictionary's collation, given in lower case.

@@ -26,30 +26,40 @@ private Q_SLOTS:
             QTest::addRow("%s", statement)
                 << QString::fromUtf8(statement) << QString::fromUtf8(sql);
         };
-        row("select top 100 a from t order by a ", "select  a from t order by a limit 100 ");
-        row("SELECT TOP 0 a FROM t", "SELECT  a FROM t limit 0");
+        row("select top 100 a from t order by a ", "select  a from t order by a limit 100 + 0 ");
+        row("SELECT TOP 0 a FROM t", "SELECT  a FROM t limit 0 + 0");
         row("insert into t select top 5 a from u where a = 'x' ",
-            "insert into t select  a from u where a = 'x' limit 5 ");
+            "insert into t select  a from u where a = 'x' limit 5 + 0 ");
         row("select a from (select top 3 a from t) where a = 'x'",
-            "select a from (select  a from t limit 3) where a = 'x'");
+            "select a from (select  a from t limit 3 + 0) where a = 'x'");
         // Keywords inside a literal, or as names, are left alone.
         same("select a from t where a = 'select top 5 x into y where b like ''q%'' '");
         same("select top from t");
         same("select a from t where a = 'it''s'");
         row("select a from t where a = \"it's\"", "select a from t where a = 'it''s'");
-        // A page's key bounds its first column.
+        // A page's key is a comparison of rows.
         row("select a from t where k = 'm' and ((n > 'd')  or (n = 'd' and s > 'B') ) order by n",
-            "select a from t where k = 'm' and ((n > 'd')  or (n = 'd' and s > 'B') ) "
-            "and n >= 'd'  order by n");
-        row("select a from t where ((n < 'O''Neil') or (n = 'O''Neil' and s < 'B'))",
-            "select a from t where ((n < 'O''Neil') or (n = 'O''Neil' and s < 'B')) "
-            "and n <= 'O''Neil' ");
+            "select a from t where k = 'm' and (n, s) > ('d', 'B') order by n");
+        row("select a from t where ((n < 'O''Neil') or (n = \"O'Neil\" and t.s < 'B') or "
+            "(N = 'O''Neil' and t.s = 'B' and o < 'x'))",
+            "select a from t where (n, t.s, o) < ('O''Neil', 'B', 'x')");
         same("select a from t where ((n > 'd') or (n = 'e' and s > 'B'))");
-        same("select a from t where ((n > 'd') or (n < 'd' and s > 'B'))");
+        same("select a from t where ((n > 'd') or (n = 'd' and s < 'B'))");
+        same("select a from t where ((n > 'd') or (n = 'd' and s > 'B') or (n = 'd' and o > 'x'))");
+        same("select a from t where ((n > 'd') or (s = 'B' and n > 'd'))");
+        same("select a from t where ((n >= 'd') or (n = 'd' and s >= 'B'))");
         same("select a from t where ((n > 'd') or (s > 'B'))");
-        same("select a from t where ((n > 'd') or (n <> 'd'))");
         same("select a from t where (n > 'd') or (n = 'd' and s > 'B')");
-        same("select a from t where not ((n > 'd') or (n = 'd'))");
+        same("select a from t where not ((n > 'd') or (n = 'd' and s > 'B'))");
+        // The key bounds what the pattern would.
+        row("select a from t where n like 'M%' and ((n > 'ma') or (n = 'ma' and s > 'B'))",
+            "select a from t where n < 'M\U0010ffff' and (n, s) > ('ma', 'B')");
+        row("select a from t where n like 'M%' and ((n < 'ma') or (n = 'ma' and s < 'B'))",
+            "select a from t where n >= 'M' and (n, s) < ('ma', 'B')");
+        row("select a from t where n like 'M%' and ((n > 'la') or (n = 'la' and s > 'B'))",
+            "select a from t where n >= 'M' and n < 'M\U0010ffff' and (n, s) > ('la', 'B')");
+        row("select a from t where n like 'M%' and ((o > 'ma') or (o = 'ma' and s > 'B'))",
+            "select a from t where n >= 'M' and n < 'M\U0010ffff' and (o, s) > ('ma', 'B')");
         // A pattern's fixed beginning is a range, on text columns only.
         row("select a from t where n like 'An%' and k = 'x'",
             "select a from t where n >= 'An' and n < 'An\U0010ffff' and k = 'x'");
@@ -61,7 +71,7 @@ private Q_SLOTS:
             "select a from t where n like 'An%a' and n >= 'An' and n < 'An\U0010ffff' ");
         row("select top 2 a from t where t.n like 'O''N_'",
             "select  a from t where t.n like 'O''N_' and t.n >= 'O''N' and t.n < "
-            "'O''N\U0010ffff'  limit 2");
+            "'O''N\U0010ffff'  limit 2 + 0");
         same("select a from t where n like '%an%'");
         same("select a from t where k like 'An%'");
         same("select a from t where n not like 'An%'");
