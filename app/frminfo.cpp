@@ -153,3 +153,9 @@ void frmInfo::closeEvent(QCloseEvent *event)
     event->accept();
     Q_EMIT unloaded();
 }
+
+void frmInfo::keyPressEvent(QKeyEvent *event)
+{
+    if (m_tabs->currentIndex() != SearchTab || !m_search->turnPage(*event))
+        QWidget::keyPressEvent(event);
+}

@@ -38,6 +38,8 @@ Q_SIGNALS:
 
 protected:
     void closeEvent(QCloseEvent *event) override;
+    /// Page keys that the tab strip gets are meant for the tab that it shows.
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     /// A tab's place on the strip is also the index of its frame.

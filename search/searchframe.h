@@ -52,6 +52,11 @@ public:
     /// Unticks every name of the dictionary.
     void InitialiseSelectFlag();
 
+    /// Goes to the next or to the previous page if that is what a key asks for, and if there is
+    /// one.
+    /// @return whether the key is one of those
+    bool turnPage(const QKeyEvent &key);
+
     /// How many names one should tick at most, as the text of a number. Advice, not a limit.
     void setMaxSelect(const QString &maxSelect);
 
@@ -62,8 +67,8 @@ Q_SIGNALS:
 protected:
     /// Enter in a control of the criteria starts the browse that it belongs to.
     bool eventFilter(QObject *watched, QEvent *event) override;
-    /// The page keys turn pages where the control that has the focus has no use for them; the grid
-    /// has none on its first and last row.
+    /// The page keys turn pages where the control that has the focus has no use for them. The grid
+    /// has none on its first and on its last row.
     void keyPressEvent(QKeyEvent *event) override;
     void showEvent(QShowEvent *event) override;
 

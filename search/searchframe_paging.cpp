@@ -205,19 +205,23 @@ void SearchFrame::ActivatePageButtons(std::int16_t inpCurrPageNo, std::int16_t i
     m_ui->lblPage->setText(pageLabel(inpCurrPageNo, inpTotalPageNo));
 }
 
+bool SearchFrame::turnPage(const QKeyEvent &key)
+{
+    const bool isBack = key.matches(QKeySequence::MoveToPreviousPage);
+    if (!isBack && !key.matches(QKeySequence::MoveToNextPage))
+        return false;
+    const std::int16_t page = m_currentPage;
+    (isBack ? m_ui->cmdPageDown : m_ui->cmdPageUp)->click();
+    // Whoever leafs back in the grid comes in from below.
+    if (isBack && m_currentPage != page && m_ui->msSearchList->hasFocus())
+        m_ui->msSearchList->setCurrentCell(m_ui->msSearchList->rowCount() - 1, NameColumn);
+    return true;
+}
+
 void SearchFrame::keyPressEvent(QKeyEvent *event)
 {
-    const std::int16_t page = m_currentPage;
-    if (event->matches(QKeySequence::MoveToNextPage)) {
-        m_ui->cmdPageUp->click();
-    } else if (event->matches(QKeySequence::MoveToPreviousPage)) {
-        m_ui->cmdPageDown->click();
-        // Whoever leafs back in the grid comes in from below.
-        if (m_currentPage != page && m_ui->msSearchList->hasFocus())
-            m_ui->msSearchList->setCurrentCell(m_ui->msSearchList->rowCount() - 1, NameColumn);
-    } else {
+    if (!turnPage(*event))
         QWidget::keyPressEvent(event);
-    }
 }
 
 } // namespace search

@@ -9,6 +9,8 @@
 #include "platform/grid/gridmodel.h"
 #include "platform/grid/redrawlock.h"
 
+#include <QAccessible>
+
 #include <algorithm>
 
 namespace grid {
@@ -132,7 +134,17 @@ void FlexGrid::setPictureHidesText(bool hides)
 
 void FlexGrid::setAccessibleText(int row, int col, const QString &text)
 {
-    m_model->setData(cellIndex(row, col), text, Qt::AccessibleTextRole);
+    const QModelIndex index = cellIndex(row, col);
+    m_model->setData(index, text, Qt::AccessibleTextRole);
+    // The view tells of changed cells, but not that what is said of this one has changed.
+    if (!QAccessible::isActive() || m_redrawLocks > 0 || index != currentIndex())
+        return;
+    QAccessibleInterface *table = QAccessible::queryAccessibleInterface(this);
+    if (table && table->tableInterface()) {
+        QAccessibleEvent event(table->tableInterface()->cellAt(row - 1, col),
+                               QAccessible::NameChanged);
+        QAccessible::updateAccessibility(&event);
+    }
 }
 
 void FlexGrid::addItem(const QString &tabSeparated)

@@ -43,7 +43,8 @@ public:
     /// Whether a picture stands in for the text of its cell (it does at first). Where it does
     /// not, it stands beside the text unless that is "_".
     void setPictureHidesText(bool hides);
-    /// What a screen reader says for the cell; if empty it says the cell's text.
+    /// What a screen reader says for the cell, at once if it is the current one; if empty it says
+    /// the cell's text.
     void setAccessibleText(int row, int col, const QString &text);
     /// Appends a row; the first text goes to column 0 and surplus texts are dropped.
     void addItem(const QString &tabSeparated);

@@ -9,7 +9,9 @@
 #include "db/bastovarin.h"
 #include "layout/mainlayout.h"
 #include "platform/browser/browserpane.h"
+#include "platform/grid/flexgrid.h"
 #include "reports/linklabel.h"
+#include "search/resultgrid.h"
 #include "tests/support/boxes.h"
 #include "tests/support/sampledatabase.h"
 
@@ -34,7 +36,9 @@ Application *application = nullptr;
 class Folder : public support::SampleDatabase
 {
 public:
-    Folder() : SampleDatabase(support::entries({"Anna|G|Hebrew|grace", "Noah|B|Hebrew|rest"}))
+    explicit Folder(const std::vector<dictionary::Entry> &entries =
+                        support::entries({"Anna|G|Hebrew|grace", "Noah|B|Hebrew|rest"}))
+        : SampleDatabase(entries)
     {
         browser::setPageFolder(folder());
         for (const char *name : {"things.htm", "popular.htm", "tovarinhelp.htm", "terms.htm",
@@ -203,6 +207,36 @@ private Q_SLOTS:
         for (int i = 0; i < 2; ++i)
             QTest::keyClick(&window, Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
         QCOMPARE(tabs->currentIndex(), 5);
+    }
+
+    void searchTab_leafsFromTheTabStripAndLeadsToTheWorksheet()
+    {
+        std::vector<dictionary::Entry> entries;
+        for (int i = 0; i < 101; ++i)
+            entries.push_back({QStringLiteral("Name %1").arg(i), u'B', QStringLiteral("Irish"),
+                               QStringLiteral("meaning")});
+        const Folder folder(entries);
+        frmInfo window;
+        window.show();
+        auto *tabs = window.findChild<QTabWidget *>(QStringLiteral("tabInfo"));
+        auto *label = window.findChild<QLabel *>(QStringLiteral("lblPage"));
+        const auto click = [&window](const QString &button) {
+            window.findChild<QPushButton *>(button)->click();
+        };
+        tabs->setCurrentIndex(2);
+        click(QStringLiteral("cmdSearch"));
+        for (const int page : {2, 2, 1}) {
+            QTest::keyClick(tabs->tabBar(), page == 1 ? Qt::Key_PageUp : Qt::Key_PageDown);
+            QCOMPARE(label->text(), QStringLiteral("Page %1 of 2").arg(page));
+        }
+        auto *grid = window.findChild<grid::FlexGrid *>(QStringLiteral("msSearchList"));
+        Q_EMIT grid->cellClicked(1, search::TickColumn);
+        BoxReader reader;
+        click(QStringLiteral("cmdSave"));
+        QCOMPARE(reader.boxes().size(), std::size_t(1));
+        QCOMPARE(tabs->currentIndex(), 3);
+        QCOMPARE(window.findChild<QLabel *>(QStringLiteral("lblTopNNote"))->text(),
+                 QStringLiteral("Select your top 10 choices"));
     }
 
     void closing_asksAndObeys()
