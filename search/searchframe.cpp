@@ -79,10 +79,10 @@ void SearchFrame::setUpResultGrid()
 
 void SearchFrame::setUpPageButtons()
 {
-    connect(m_ui->cmdFirstPage, &QPushButton::clicked, this, &SearchFrame::showFirstPage);
-    connect(m_ui->cmdPageDown, &QPushButton::clicked, this, &SearchFrame::showPreviousPage);
-    connect(m_ui->cmdPageUp, &QPushButton::clicked, this, &SearchFrame::showNextPage);
-    connect(m_ui->cmdLastPage, &QPushButton::clicked, this, &SearchFrame::showLastPage);
+    connect(m_ui->cmdFirstPage, &QPushButton::clicked, this, &SearchFrame::goToFirstPage);
+    connect(m_ui->cmdPageDown, &QPushButton::clicked, this, &SearchFrame::goToPreviousPage);
+    connect(m_ui->cmdPageUp, &QPushButton::clicked, this, &SearchFrame::goToNextPage);
+    connect(m_ui->cmdLastPage, &QPushButton::clicked, this, &SearchFrame::goToLastPage);
 }
 
 void SearchFrame::showEvent(QShowEvent *event)
@@ -176,28 +176,27 @@ ListCriteria SearchFrame::listCriteria() const
 void SearchFrame::SearchRecord()
 {
     m_browseMode = BrowseMode::Search;
-    ShowFirstPage(searchClause());
+    startBrowse(searchClause());
 }
 
 void SearchFrame::SearchRecord1()
 {
     m_browseMode = BrowseMode::List;
-    ShowFirstPage(listClause());
+    startBrowse(listClause());
 }
 
-void SearchFrame::ShowFirstPage(const QString &clause)
+void SearchFrame::startBrowse(const QString &clause)
 {
     const qint64 count = basDatabase::NumericValue(basDatabase::GetFieldValue(countQuery(clause)));
     m_ui->lblRecStatus->setText(QStringLiteral("%1 record(s) found").arg(count));
     m_currentPage = 1;
     DisplaySearchResult(firstPageQuery(clause));
-    const grid::FlexGrid &page = *m_ui->msSearchList;
-    const bool hasRows = page.rowCount() > 1;
+    const bool hasRows = m_ui->msSearchList->rowCount() > 1;
     m_currentPage = hasRows && count > 0 ? 1 : 0;
     m_totalPages = hasRows ? pageCount(count) : std::int16_t(0);
     m_lastPageRows = lastPageRows(count);
     DisplayPreviousList({}, pageNumber(-1));
-    DisplayNextList(pageAfterQuery(clause, keyOfNextPage(page)), pageNumber(+1));
+    DisplayNextList(queryAfterPage(clause), pageNumber(+1));
     ActivatePageButtons(m_currentPage, m_totalPages);
     RefreshSelectCount();
 }

@@ -89,7 +89,7 @@ private:
 
     /// Counts the names of a clause, shows the first page of them and the page count, and readies
     /// the second page.
-    void ShowFirstPage(const QString &clause);
+    void startBrowse(const QString &clause);
     /// Fills the grid with the rows of a page query, numbered as the current page.
     void DisplaySearchResult(const QString &inpSQL);
     /// Hides the grid while it gets its new rows, fits them, and shows it.
@@ -97,10 +97,10 @@ private:
 
     // The List and the Search form of a page move differ in the clause alone.
 
-    void showFirstPage();
-    void showPreviousPage();
-    void showNextPage();
-    void showLastPage();
+    void goToFirstPage();
+    void goToPreviousPage();
+    void goToNextPage();
+    void goToLastPage();
     /// Goes forward to the page held ready, and readies the one behind it.
     void TransferNextListToCurrent();
     void TransferNextSearchToCurrent();
@@ -109,6 +109,9 @@ private:
     void TransferPreviousSearchToCurrent();
     void shiftForward();
     void shiftBack();
+    /// The queries of the pages beside the one on screen, yet without their order.
+    QString queryAfterPage(const QString &clause) const;
+    QString queryBeforePage(const QString &clause) const;
     /// Readies the next page, of the given number, from a query without its order; none if the
     /// last page is on screen.
     void DisplayNextList(const QString &inpSQL, std::int16_t inpPageNo);

@@ -18,13 +18,13 @@ static bool hasName(const grid::FlexGrid &page, int row)
     return page.rowCount() > 1 && !page.text(row, NameColumn).isEmpty();
 }
 
-void SearchFrame::showFirstPage()
+void SearchFrame::goToFirstPage()
 {
     if (m_browseMode != BrowseMode::None)
         runBrowse(m_browseMode);
 }
 
-void SearchFrame::showNextPage()
+void SearchFrame::goToNextPage()
 {
     const grid::FlexGrid &page = *m_ui->msSearchList;
     if (m_browseMode == BrowseMode::None || !hasName(page, page.rowCount() - 1))
@@ -38,7 +38,7 @@ void SearchFrame::showNextPage()
     RefreshSelectCount();
 }
 
-void SearchFrame::showPreviousPage()
+void SearchFrame::goToPreviousPage()
 {
     if (m_browseMode == BrowseMode::None || !hasName(*m_ui->msSearchList, 1))
         return;
@@ -51,20 +51,17 @@ void SearchFrame::showPreviousPage()
     RefreshSelectCount();
 }
 
-void SearchFrame::showLastPage()
+void SearchFrame::goToLastPage()
 {
     m_currentPage = m_totalPages;
     const QString rows = QString::number(m_lastPageRows);
-    const auto previousQuery = [this](const QString &clause) {
-        return pageBeforeQuery(clause, keyOfPreviousPage(*m_ui->msSearchList));
-    };
     if (m_browseMode == BrowseMode::Search) {
         DisplayLastPageSearch(rows);
-        DisplayPreviousSearch(previousQuery(searchClause()), pageNumber(-1));
+        DisplayPreviousSearch(queryBeforePage(searchClause()), pageNumber(-1));
         DisplayNextSearch({}, pageNumber(+1));
     } else if (m_browseMode == BrowseMode::List) {
         DisplayLastPageList(rows);
-        DisplayPreviousList(previousQuery(listClause()), pageNumber(-1));
+        DisplayPreviousList(queryBeforePage(listClause()), pageNumber(-1));
         DisplayNextList({}, pageNumber(+1));
     }
     RefreshSelectCount();
@@ -75,8 +72,7 @@ void SearchFrame::TransferNextListToCurrent()
 {
     rebuildPage([this] {
         shiftForward();
-        DisplayNextList(pageAfterQuery(listClause(), keyOfNextPage(*m_ui->msSearchList)),
-                        pageNumber(+1));
+        DisplayNextList(queryAfterPage(listClause()), pageNumber(+1));
     });
 }
 
@@ -84,8 +80,7 @@ void SearchFrame::TransferNextSearchToCurrent()
 {
     rebuildPage([this] {
         shiftForward();
-        DisplayNextSearch(pageAfterQuery(searchClause(), keyOfNextPage(*m_ui->msSearchList)),
-                          pageNumber(+1));
+        DisplayNextSearch(queryAfterPage(searchClause()), pageNumber(+1));
     });
 }
 
@@ -93,8 +88,7 @@ void SearchFrame::TransferPreviousListToCurrent()
 {
     rebuildPage([this] {
         shiftBack();
-        DisplayPreviousList(pageBeforeQuery(listClause(), keyOfPreviousPage(*m_ui->msSearchList)),
-                            pageNumber(-1));
+        DisplayPreviousList(queryBeforePage(listClause()), pageNumber(-1));
     });
 }
 
@@ -102,10 +96,18 @@ void SearchFrame::TransferPreviousSearchToCurrent()
 {
     rebuildPage([this] {
         shiftBack();
-        DisplayPreviousSearch(
-            pageBeforeQuery(searchClause(), keyOfPreviousPage(*m_ui->msSearchList)),
-            pageNumber(-1));
+        DisplayPreviousSearch(queryBeforePage(searchClause()), pageNumber(-1));
     });
+}
+
+QString SearchFrame::queryAfterPage(const QString &clause) const
+{
+    return pageAfterQuery(clause, keyOfNextPage(*m_ui->msSearchList));
+}
+
+QString SearchFrame::queryBeforePage(const QString &clause) const
+{
+    return pageBeforeQuery(clause, keyOfPreviousPage(*m_ui->msSearchList));
 }
 
 void SearchFrame::shiftForward()

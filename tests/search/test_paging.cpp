@@ -412,7 +412,6 @@ private Q_SLOTS:
             back = tab.rows() + back;
         }
         QCOMPARE(back, all);
-        QVERIFY(!tab.isEnabled("cmdLastPage") || pages > 1);
         tab.click("cmdLastPage");
         QCOMPARE(tab.rows(), all.last(onLastPage));
         QCOMPARE(tab.label("lblPage"), QStringLiteral("Page %1 of %1").arg(pages));
