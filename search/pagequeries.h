@@ -19,7 +19,7 @@ struct PageKey
     bool operator==(const PageKey &) const = default;
 };
 
-/// The queries of a browse. The clause is that of criteriaClause(); all texts end in a blank.
+// The statements of a browse. The clause is that of criteriaClause(); all texts end in a blank.
 
 /// How many names a clause finds in all.
 QString countQuery(const QString &clause);
