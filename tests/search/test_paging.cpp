@@ -103,6 +103,7 @@ public:
         QCOMPARE(tab.rows(), texts(m_page));
         QCOMPARE(tab.rows("msSearchListN"), texts(m_next));
         QCOMPARE(tab.rows("msSearchListP_0"), texts(m_previous));
+        QCOMPARE(tab.label("lblRecStatus"), QStringLiteral("%1 record(s) found").arg(m_found));
         QCOMPARE(tab.label("lblPage"), m_label);
         QCOMPARE(tab.label("lblRecSelected"), QString::number(std::ranges::count(m_ticked, true)));
         for (const char *button : pageButtons) {
@@ -215,17 +216,17 @@ private:
     void start(Mode mode)
     {
         m_mode = mode;
-        int found = 0;
+        m_found = 0;
         for (std::size_t i = 0; i < m_entries.size(); ++i)
-            found += isFound(i);
-        m_count = found / 100 + (found % 100 != 0);
-        m_lastRows = found % 100;
+            m_found += isFound(i);
+        m_count = m_found / 100 + (m_found % 100 != 0);
+        m_lastRows = m_found % 100;
         const auto order = [this](std::size_t a, std::size_t b) {
             return isBefore(m_entries[a], m_entries[b]);
         };
         m_page = fetch([](const Entry &) { return true; }, order, 100, 1);
         m_previous.clear();
-        turnTo(found == 0 ? 0 : 1);
+        turnTo(m_found == 0 ? 0 : 1);
         readyNext();
     }
 
@@ -257,6 +258,7 @@ private:
     Mode m_mode = Mode::None;
     int m_number = 0;
     int m_count = 0;
+    int m_found = 0;
     int m_lastRows = 0;
     QString m_label;
     bool m_canGoBack = true;
@@ -271,56 +273,42 @@ QString step(RandomWorld &world, Model &model, const Tab &tab)
 {
     const auto edit = [&] {
         model.search = world.searchCriteria();
-        if (world.below(3))
+        if (world.below(2))
             model.search = {.sex = search::Sex::Both, .tickedOnly = model.search.tickedOnly};
         model.list = world.listCriteria();
         tab.choose(model.search);
         tab.choose(model.list);
     };
-    const int dice = world.below(40);
-    if (dice < 3) {
-        edit();
-        model.startSearch();
-        tab.click("cmdSearch");
-        return QStringLiteral("search");
-    }
-    if (dice < 4) {
-        edit();
-        model.startList();
-        tab.click("cmdList");
-        return QStringLiteral("list");
-    }
-    if (dice == 4) {
-        edit();
-        return QStringLiteral("edit");
-    }
-    if (dice < 15) {
+    const auto tick = [&] {
         for (int ticks = 1 + world.below(4); ticks > 0 && model.rowsOnPage() > 0; --ticks) {
-            const int row = world.below(4) ? 1 + world.below(model.rowsOnPage())
-                                           : model.rowsOnPage(); // next to the other page
+            const int last = model.rowsOnPage(); // next to the other page
+            const int row = world.below(4) ? 1 + world.below(last) : last;
             model.tick(row);
             tab.clickCell(row, search::TickColumn);
         }
-        return QStringLiteral("tick");
-    }
-    if (dice == 15) {
-        model.goFirst();
-        tab.click("cmdFirstPage");
-        return QStringLiteral("first");
-    }
-    if (dice < 19) {
-        model.goLast();
-        tab.click("cmdLastPage");
-        return QStringLiteral("last");
-    }
-    if (dice < 31) {
-        model.goForward();
-        tab.click("cmdPageUp");
-        return QStringLiteral("next");
-    }
-    model.goBack();
-    tab.click("cmdPageDown");
-    return QStringLiteral("previous");
+    };
+    struct Choice
+    {
+        const char *name; ///< a button's, or of something else
+        int weight;
+        std::function<void()> take;
+    };
+    const Choice choices[] = {{"edit", 1, edit},
+                              {"tick", 10, tick},
+                              {"cmdSearch", 5, [&] { edit(), model.startSearch(); }},
+                              {"cmdList", 2, [&] { edit(), model.startList(); }},
+                              {"cmdFirstPage", 1, [&] { model.goFirst(); }},
+                              {"cmdLastPage", 4, [&] { model.goLast(); }},
+                              {"cmdPageUp", 13, [&] { model.goForward(); }},
+                              {"cmdPageDown", 10, [&] { model.goBack(); }}};
+    int dice = world.below(46);
+    const Choice *choice = choices;
+    while (dice >= choice->weight)
+        dice -= (choice++)->weight;
+    choice->take();
+    if (auto *button = tab.control<QAbstractButton>(choice->name))
+        button->click();
+    return QString::fromLatin1(choice->name);
 }
 
 std::vector<Entry> numberedEntries(int count)
