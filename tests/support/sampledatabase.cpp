@@ -5,6 +5,8 @@
 
 #include "db/bastovarin.h"
 
+#include <QFile>
+
 namespace support {
 
 shipped::Settings sampleSettings()
@@ -22,6 +24,19 @@ SampleDatabase::SampleDatabase(const std::vector<dictionary::Entry> &entries)
 {
     shipped::writeDatabase(entries, sampleSettings(), samplePassword(), folder());
     basTovarin::SetProgramFolder(folder());
+}
+
+void writeFile(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+        qFatal("can't write %s", qPrintable(path));
+}
+
+QByteArray readFile(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 dictionary::Entry entry(const char *fields)

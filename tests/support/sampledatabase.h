@@ -30,6 +30,11 @@ private:
     QTemporaryDir m_folder;
 };
 
+/// Writes a file, over one that is there.
+void writeFile(const QString &path, const QByteArray &content);
+/// A file's content; none where there is no file.
+QByteArray readFile(const QString &path);
+
 /// An entry from "name|sex|origin|meaning".
 dictionary::Entry entry(const char *fields);
 std::vector<dictionary::Entry> entries(std::initializer_list<const char *> list);

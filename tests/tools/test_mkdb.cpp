@@ -10,30 +10,32 @@
 
 #include <QDir>
 #include <QFile>
-#include <QMap>
 #include <QProcess>
 #include <QTest>
 
+#include <memory>
+#include <optional>
+
 namespace {
 
-void write(const QString &path, const QByteArray &content)
+constexpr char goodSettings[] = "maxselect\t20\ntopn\t10\nversionno\t1\nversiondate\t2026-01-02\n";
+
+/// The database in the program's folder.
+std::unique_ptr<dbaccess::Connection> openDatabase()
 {
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-        qFatal("can't write %s", qPrintable(path));
+    auto connection = std::make_unique<dbaccess::Connection>();
+    connection->open(basDatabase::ConnectionText(basTovarin::ReadPassword()));
+    return connection;
 }
 
-QByteArray read(const QString &path)
+/// Has the tool build a database: its exit code and what it said.
+std::pair<int, QByteArray> build(const QString &data, const QString &folder)
 {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void runStatement(const QString &sql)
-{
-    dbaccess::Connection connection;
-    connection.open(basDatabase::ConnectionText(basTovarin::ReadPassword()));
-    connection.execute(sql);
+    QProcess mkdb;
+    mkdb.start(QStringLiteral(MKDB), {QStringLiteral("build"), data, folder});
+    if (!mkdb.waitForFinished())
+        qFatal("mkdb doesn't end");
+    return {mkdb.exitCode(), mkdb.readAllStandardError()};
 }
 
 } // namespace
@@ -42,148 +44,130 @@ class TestMkdb : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
-    void badLines_areReportedWithFileAndLine_data()
+private:
+    std::optional<QTemporaryDir> m_folder;
+
+    QString path(const char *name) const { return m_folder->filePath(QLatin1String(name)); }
+    void write(const char *name, const QByteArray &content) const
     {
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<QString>("problem");
-        const QByteArray head = "# Origin: Irish\n";
-        const auto row = [](const QByteArray &content, const char *problem) {
-            QTest::addRow("%s", problem) << content << QString::fromUtf8(problem);
-        };
-        row("", "names.tsv:1: the file is empty");
-        row("Anna\tG\tgrace\n",
-            "names.tsv:1: the first line has to be \"# Origin: \" and the origin's name");
-        row("# Origin: \nAnna\tG\tgrace\n", "names.tsv:1: the origin is empty");
-        row(head + "Anna\tG\tgrace\nANNA\tG\tgrace\n",
-            "names.tsv:3: \"ANNA\" stands twice for this sex");
-        row(head + "Anna\tg\tgrace\n", "names.tsv:2: the sex \"g\" is neither B nor G");
-        row(head + "Anna\t\tgrace\n", "names.tsv:2: the sex \"\" is neither B nor G");
-        row(head + "Anna\tG\t\n", "names.tsv:2: the meaning is empty");
-        row(head + "\tG\tgrace\n", "names.tsv:2: the name is empty");
-        row(head + "Anna\tG\tgrace\tand more\n",
-            "names.tsv:2: a stray tab: an entry is name, sex and meaning");
-        row(head + "# note\nAnna G grace\n",
-            "names.tsv:3: an entry is name, sex and meaning with tabs between");
-        row(head + "An\xffna\tG\tgrace\n", "names.tsv:2: the line is not UTF-8");
-        row(head + "Anna\tG\tgrace\r\n", "names.tsv:2: the line ends with a carriage return");
-        row(head + "Anna \tG\tgrace\n", "names.tsv:2: the name \"Anna \" has blanks around it");
-        row(head + "A" + QByteArray(40, 'a') + "\tG\tgrace\n",
-            "names.tsv:2: the name \"Aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa\" is longer than 40 "
-            "characters");
-        row(head + "Anne\u0301\tG\tgrace\n",
-            "names.tsv:2: the name \"Anne\u0301\" is not in Unicode's composed form");
-        row(head + "An\u200bna\tG\tgrace\n",
-            "names.tsv:2: the name \"An\u200bna\" holds an invisible character");
-        row(head + "'Anna\tG\tgrace\n",
-            "names.tsv:2: the name \"'Anna\" begins with no letter from A to Z");
-        row(head + "Berta\tG\tbright\nAnna\tG\tgrace\n",
-            "names.tsv:3: \"Anna\" is out of order (\"mkdb sort\" mends it)");
+        support::writeFile(path(name), content);
     }
+
+private Q_SLOTS:
+    void init() { m_folder.emplace(); }
 
     void badLines_areReportedWithFileAndLine()
     {
-        QFETCH(QByteArray, content);
-        QFETCH(QString, problem);
-        const QTemporaryDir folder;
-        write(folder.filePath(QStringLiteral("names.tsv")), content);
-        QCOMPARE(dictionary::readFile(folder.filePath(QStringLiteral("names.tsv"))).problems,
-                 QStringList(problem));
+        const QByteArray head = "# Origin: Irish\n";
+        const QByteArray longName(41, 'a');
+        // "|" stands for a tab.
+        for (auto [content, problem] :
+             {std::pair(QByteArray(), QByteArray("1: the file is empty")),
+              {"Anna", "1: the first line has to be \"# Origin: \" and the origin's name"},
+              {"# Origin: \nAnna|G|grace", "1: the origin is empty"},
+              {head + "Anna|G|grace\nANNA|G|grace", "3: \"ANNA\" stands twice for this sex"},
+              {head + "Berta|G|bright\nAnna|G|grace",
+               "3: \"Anna\" is out of order (\"mkdb sort\" mends it)"},
+              {head + "Anna|g|grace", "2: the sex \"g\" is neither B nor G"},
+              {head + "Anna||grace", "2: the sex \"\" is neither B nor G"},
+              {head + "Anna|G|", "2: the meaning is empty"},
+              {head + "|G|grace", "2: the name is empty"},
+              {head + "Anna|G|grace|", "2: a stray tab: an entry is name, sex and meaning"},
+              {head + "# note\nAnna G grace",
+               "3: an entry is name, sex and meaning with tabs between"},
+              {head + "An\xffna|G|grace", "2: the line is not UTF-8"},
+              {head + "Anna|G|grace\r", "2: the line ends with a carriage return"},
+              {head + "Anna |G|grace", "2: the name \"Anna \" has blanks around it"},
+              {head + longName + "|G|grace",
+               "2: the name \"" + longName + "\" is longer than 40 characters"},
+              {head + "Anne\u0301|G|grace",
+               "2: the name \"Anne\u0301\" is not in Unicode's composed form"},
+              {head + "An\u200bna|G|grace",
+               "2: the name \"An\u200bna\" holds an invisible character"},
+              {head + "'Anna|G|grace",
+               "2: the name \"'Anna\" begins with no letter from A to Z"}}) {
+            write("names.tsv", content.isEmpty() ? content : content.replace('|', '\t') + '\n');
+            QCOMPARE(dictionary::readFile(path("names.tsv")).problems.join(u'\n').toUtf8(),
+                     "names.tsv:" + problem);
+        }
     }
 
     void twoFilesOfOneOrigin_areRefused()
     {
-        const QTemporaryDir folder;
-        write(folder.filePath(QStringLiteral("a.tsv")), "# Origin: Irish\nAnna\tG\tgrace\n");
-        write(folder.filePath(QStringLiteral("b.tsv")), "# Origin: Irish\nBrian\tB\thigh\n");
+        write("a.tsv", "# Origin: Irish\nAnna\tG\tgrace\n");
+        write("b.tsv", "# Origin: Irish\nBrian\tB\thigh\n");
         QCOMPARE(
-            dictionary::readFolder(folder.path()).problems,
+            dictionary::readFolder(m_folder->path()).problems,
             QStringList(QStringLiteral("b.tsv:1: the origin \"Irish\" has a file already: a.tsv")));
     }
 
     void sorting_mendsTheOrderAndNothingElse()
     {
-        const QTemporaryDir folder;
-        const QString path = folder.filePath(QStringLiteral("names.tsv"));
-        write(path, "# Origin: Irish\nZoe\tG\tlife\nÉda\tG\tx y\n# note\nEda\tG\tx\nEda\tB\tx\n");
-        QVERIFY(dictionary::sortFile(path));
-        QCOMPARE(read(path),
+        write("names.tsv",
+              "# Origin: Irish\nZoe\tG\tlife\nÉda\tG\tx y\n# note\nEda\tG\tx\nEda\tB\tx\n");
+        QVERIFY(dictionary::sortFile(path("names.tsv")));
+        QCOMPARE(support::readFile(path("names.tsv")),
                  QByteArray("# Origin: Irish\n# note\nEda\tB\tx\nEda\tG\tx\nÉda\tG\tx y\n"
                             "Zoe\tG\tlife\n"));
-        QVERIFY(!dictionary::sortFile(path));
-        QVERIFY(dictionary::readFile(path).problems.isEmpty());
+        QVERIFY(!dictionary::sortFile(path("names.tsv")));
+        QVERIFY(dictionary::readFile(path("names.tsv")).problems.isEmpty());
     }
 
     void failedBuild_leavesWhatWasThere()
     {
         const support::SampleDatabase sample(support::entries({"Anna|G|Hebrew|grace"}));
         const QString file = sample.file(QStringLiteral("Tovarin.mdb"));
-        const QByteArray before = read(file);
+        const QByteArray before = support::readFile(file);
         {
             dbaccess::DatabaseBuilder builder(file, {QStringLiteral("admin"), QStringLiteral("x")},
-                                              QStringLiteral("create table t(a, b not null)"));
-            builder.insert(QStringLiteral("t"), {QStringLiteral("1"), QStringLiteral("2")});
-            QVERIFY_THROWS_EXCEPTION(
-                dbaccess::EngineError,
-                builder.insert(QStringLiteral("t"), {QStringLiteral("1"), QString()}));
+                                              QStringLiteral("create table t(a not null)"));
+            builder.insert(QStringLiteral("t"), {QStringLiteral("1")});
+            QVERIFY_THROWS_EXCEPTION(dbaccess::EngineError,
+                                     builder.insert(QStringLiteral("t"), {QString()}));
         }
-        QCOMPARE(read(file), before);
-        write(file % u"-journal", "unfinished");
+        QCOMPARE(support::readFile(file), before);
+        support::writeFile(file % u"-journal", "unfinished");
         QVERIFY_THROWS_EXCEPTION(shipped::BuildError,
                                  shipped::writeDatabase({}, support::sampleSettings(),
                                                         support::samplePassword(),
                                                         sample.folder()));
-        QCOMPARE(QDir(sample.folder()).entryList(QDir::Files, QDir::Name),
-                 QStringList({QStringLiteral("Tovarin.mdb"), QStringLiteral("Tovarin.mdb-journal"),
-                              QStringLiteral("tovarin.dll")}));
-    }
-
-    void place_keepsWhatAUserHasSaved_data()
-    {
-        QTest::addColumn<QString>("statement");
-        QTest::addColumn<int>("placed");
-        const auto row = [](const char *statement, shipped::Placed placed) {
-            QTest::addRow("%s", statement) << QString::fromLatin1(statement) << int(placed);
-        };
-        row("update tblmaster set name_select = 'N'", shipped::Placed::New);
-        row("update tblmaster set name_select = 'Y'", shipped::Placed::KeptUserData);
-        row("insert into tblresult(name_desc) values('Anna')", shipped::Placed::KeptUserData);
-        row("insert into tbltopn(t10_id) values('01')", shipped::Placed::KeptUserData);
-        row("insert into tblinitial(init_first) values('Anna')", shipped::Placed::KeptUserData);
-        row("drop table tblinitial", shipped::Placed::KeptUnknown);
+        QCOMPARE(QDir(sample.folder()).entryList(QDir::Files, QDir::Name).join(u' '),
+                 QStringLiteral("Tovarin.mdb Tovarin.mdb-journal tovarin.dll"));
     }
 
     void place_keepsWhatAUserHasSaved()
     {
-        QFETCH(QString, statement);
-        QFETCH(int, placed);
+        using shipped::Placed;
         const support::SampleDatabase newer(
             support::entries({"Anna|G|Hebrew|grace", "Noah|B|Hebrew|rest"}));
-        const support::SampleDatabase used(support::entries({"Anna|G|Hebrew|grace"}));
-        runStatement(statement);
-        const QByteArray before = read(used.file(QStringLiteral("Tovarin.mdb")));
-        QCOMPARE(int(shipped::place(newer.folder(), used.folder())), placed);
-        const bool isReplaced = read(used.file(QStringLiteral("Tovarin.mdb"))) != before;
-        QCOMPARE(isReplaced, placed == int(shipped::Placed::New));
-        if (isReplaced)
-            QCOMPARE(int(shipped::place(newer.folder(), used.folder())),
-                     int(shipped::Placed::Unchanged));
+        for (const auto &[statement, placed] :
+             {std::pair("update tblmaster set name_select = 'N'", Placed::New),
+              {"update tblmaster set name_select = 'Y'", Placed::KeptUserData},
+              {"insert into tblresult(name_desc) values('Anna')", Placed::KeptUserData},
+              {"insert into tbltopn(t10_id) values('01')", Placed::KeptUserData},
+              {"insert into tblinitial(init_first) values('Anna')", Placed::KeptUserData},
+              {"drop table tblinitial", Placed::KeptUnknown}}) {
+            const support::SampleDatabase used(support::entries({"Anna|G|Hebrew|grace"}));
+            openDatabase()->execute(QString::fromLatin1(statement));
+            const QString file = used.file(QStringLiteral("Tovarin.mdb"));
+            const QByteArray before = support::readFile(file);
+            QVERIFY2(shipped::place(newer.folder(), used.folder()) == placed, statement);
+            const bool isReplaced = support::readFile(file) != before;
+            QVERIFY2(isReplaced == (placed == Placed::New), statement);
+            if (isReplaced)
+                QVERIFY(shipped::place(newer.folder(), used.folder()) == Placed::Unchanged);
+        }
     }
 
     void tool_buildsTheShippedDatabase()
     {
-        const QTemporaryDir folder;
-        QProcess mkdb;
-        mkdb.start(QStringLiteral(MKDB),
-                   {QStringLiteral("build"), QStringLiteral(DATA_FOLDER), folder.path()});
-        QVERIFY(mkdb.waitForFinished());
-        QVERIFY2(mkdb.exitCode() == 0, mkdb.readAllStandardError().constData());
+        const auto [exitCode, said] = build(QStringLiteral(DATA_FOLDER), m_folder->path());
+        QVERIFY2(exitCode == 0, said.constData());
 
-        basTovarin::SetProgramFolder(folder.path());
-        dbaccess::Connection connection;
-        connection.open(basDatabase::ConnectionText(basTovarin::ReadPassword()));
+        basTovarin::SetProgramFolder(m_folder->path());
+        const auto connection = openDatabase();
         const auto value = [&connection](const char *sql) {
-            return connection.openRecordset(QString::fromLatin1(sql)).text(0);
+            return connection->openRecordset(QString::fromLatin1(sql)).text(0);
         };
         QCOMPARE(value("pragma integrity_check"), QStringLiteral("ok"));
         QVERIFY(value("select count(*) from tblmaster").toInt() >= 1500);
@@ -199,41 +183,30 @@ private Q_SLOTS:
 
     void tool_writesNothingFromBadSources()
     {
-        const QTemporaryDir data;
-        QDir(data.path()).mkdir(QStringLiteral("dictionary"));
-        write(data.filePath(QStringLiteral("settings.tsv")),
-              "maxselect\t20\ntopn\t10\nversionno\t1\nversiondate\t2026-01-02\n");
-        write(data.filePath(QStringLiteral("password.txt")), "sesame\n");
-        write(data.filePath(QStringLiteral("dictionary/x.tsv")),
-              "# Origin: Irish\nAnna\tX\tgrace\nBrian\tB\t\n");
-        QProcess mkdb;
-        mkdb.start(QStringLiteral(MKDB),
-                   {QStringLiteral("build"), data.path(), data.filePath(QStringLiteral("out"))});
-        QVERIFY(mkdb.waitForFinished());
-        QCOMPARE(mkdb.exitCode(), 1);
-        const QByteArray said = mkdb.readAllStandardError();
+        QDir(m_folder->path()).mkdir(QStringLiteral("dictionary"));
+        write("settings.tsv", goodSettings);
+        write("password.txt", "sesame\n");
+        write("dictionary/x.tsv", "# Origin: Irish\nAnna\tX\tgrace\nBrian\tB\t\n");
+        const auto [exitCode, said] = build(m_folder->path(), path("out"));
+        QCOMPARE(exitCode, 1);
         QVERIFY2(said.contains("x.tsv:2: ") && said.contains("x.tsv:3: "), said.constData());
-        QVERIFY(!QFile::exists(data.filePath(QStringLiteral("out"))));
+        QVERIFY(!QFile::exists(path("out")));
     }
 
     void badSettingsAndPasswords_areRefused()
     {
-        const QTemporaryDir folder;
-        const QString path = folder.filePath(QStringLiteral("file"));
-        const QByteArray good = "maxselect\t20\ntopn\t10\nversionno\t1\nversiondate\t2026-01-02\n";
-        for (const QByteArray &content :
-             {QByteArray("maxselect\t20\n"), QByteArray("maxselect 20\n"),
-              QByteArray(good).replace("20\n", "x\n"),
-              QByteArray(good).replace("-01-02", "-13-02")}) {
-            write(path, content);
-            QVERIFY_THROWS_EXCEPTION(shipped::BuildError, shipped::readSettings(path));
+        const QByteArray good = goodSettings;
+        for (const auto &[part, bad] :
+             {std::pair("topn", "other"), {"\t20", " 20"}, {"\t20", "\tx"}, {"-01-", "-13-"}}) {
+            write("file", QByteArray(good).replace(part, bad));
+            QVERIFY_THROWS_EXCEPTION(shipped::BuildError, shipped::readSettings(path("file")));
         }
-        write(path, good);
-        QCOMPARE(shipped::readSettings(path).topN, QStringLiteral("10"));
+        write("file", good);
+        QCOMPARE(shipped::readSettings(path("file")).topN, QStringLiteral("10"));
         // The key file is one line of single-byte characters.
         for (const char *password : {"", "日本", "-1", "semi;colon"}) {
-            write(path, password);
-            QVERIFY_THROWS_EXCEPTION(shipped::BuildError, shipped::readPassword(path));
+            write("file", password);
+            QVERIFY_THROWS_EXCEPTION(shipped::BuildError, shipped::readPassword(path("file")));
         }
     }
 };
