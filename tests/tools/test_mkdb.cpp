@@ -196,8 +196,10 @@ private Q_SLOTS:
     void badSettingsAndPasswords_areRefused()
     {
         const QByteArray good = goodSettings;
-        for (const auto &[part, bad] :
-             {std::pair("topn", "other"), {"\t20", " 20"}, {"\t20", "\tx"}, {"-01-", "-13-"}}) {
+        for (const auto &[part, bad] : {std::pair("topn", "other"),
+                                        {"\t20\n", " 20\n"},
+                                        {"\t20\n", "\tx\n"},
+                                        {"-01-", "-13-"}}) {
             write("file", QByteArray(good).replace(part, bad));
             QVERIFY_THROWS_EXCEPTION(shipped::BuildError, shipped::readSettings(path("file")));
         }
