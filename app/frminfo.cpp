@@ -11,6 +11,8 @@
 #include "reports/aboutframe.h"
 #include "reports/pagefiles.h"
 #include "search/searchframe.h"
+#include "shortlist/topnframe.h"
+#include "worksheet/worksheetframe.h"
 
 #include <QCloseEvent>
 #include <QLabel>
@@ -22,7 +24,10 @@
 frmInfo::frmInfo()
     : m_tabs(new QTabWidget(this)), m_things(new browser::BrowserPane),
       m_popular(new browser::BrowserPane), m_help(new browser::BrowserPane),
-      m_search(new search::SearchFrame), m_topNNote(new QLabel), m_about(new AboutFrame),
+      m_search(new search::SearchFrame), m_worksheetNote(new QLabel),
+      m_topN(new shortlist::TopNFrame),
+      m_worksheet(new worksheet::WorksheetFrame([this] { return m_topN->topNNames(); })),
+      m_about(new AboutFrame),
       m_helpKey(new QShortcut(Qt::Key_F1, this))
 {
     setObjectName(QStringLiteral("frmInfo"));
@@ -30,8 +35,7 @@ frmInfo::frmInfo()
     setUpTabs();
     connect(m_helpKey, &QShortcut::activated, this, &frmInfo::helpRequested);
     setUpTabKeys();
-    connect(m_search, &search::SearchFrame::shortlistSaved, this,
-            [this] { m_tabs->setCurrentIndex(WorksheetTab); });
+    setUpSteps();
     connect(m_about, &AboutFrame::termsRequested, this, &frmInfo::termsRequested);
     load();
     connect(m_tabs, &QTabWidget::currentChanged, this, &frmInfo::tabClicked);
@@ -93,16 +97,50 @@ QWidget *frmInfo::makeWorksheetFrame()
 {
     auto *frame = new QWidget;
     frame->setObjectName(QStringLiteral("fraInfo_%1").arg(WorksheetTab));
-    m_topNNote->setParent(frame);
-    m_topNNote->setObjectName(QStringLiteral("lblTopNNote"));
-    auto *note = new QLabel(
-        QStringLiteral("Your shortlist is saved on the Search tab. Ranking it and trying out full "
-                       "names is not part of this version yet."),
-        frame);
-    note->setObjectName(QStringLiteral("lblWorksheetNote"));
-    note->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    note->setWordWrap(true);
+    m_worksheetNote->setParent(frame);
+    m_worksheetNote->setObjectName(QStringLiteral("lblWorksheetNote"));
+    m_worksheetNote->setText(
+        QStringLiteral("Here you rank the names of your shortlist and try out full names.\n\n"
+                       "You have no shortlist yet. On the Search tab, tick the names you like and "
+                       "click Save: they then come here."));
+    m_worksheetNote->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    m_worksheetNote->setWordWrap(true);
+    for (QWidget *step : {static_cast<QWidget *>(m_topN), static_cast<QWidget *>(m_worksheet)}) {
+        step->setParent(frame);
+        step->hide();
+    }
     return frame;
+}
+
+void frmInfo::setUpSteps()
+{
+    connect(m_search, &search::SearchFrame::shortlistSaved, this, [this] {
+        m_tabs->setCurrentIndex(WorksheetTab);
+        m_topN->setFocus();
+    });
+    connect(m_topN, &shortlist::TopNFrame::opened, this, [this] { showStep(m_topN); });
+    connect(m_topN, &shortlist::TopNFrame::nextRequested, this, [this] {
+        if (!m_worksheet->DisplayInitialRecord())
+            return;
+        showStep(m_worksheet);
+        m_worksheet->setFocus();
+    });
+    connect(m_worksheet, &worksheet::WorksheetFrame::backRequested, this, [this] {
+        showStep(m_topN);
+        m_topN->setFocus();
+    });
+}
+
+/// One step of the Worksheet tab is to be seen at a time.
+void frmInfo::showStep(QWidget *step)
+{
+    step->show();
+    step->raise();
+    for (QWidget *other : {static_cast<QWidget *>(m_topN), static_cast<QWidget *>(m_worksheet),
+                           static_cast<QWidget *>(m_worksheetNote)}) {
+        if (other != step)
+            other->hide();
+    }
 }
 
 void frmInfo::load()
@@ -112,9 +150,14 @@ void frmInfo::load()
     basDatabase::OpenDatabase();
     m_search->InitialiseOrigin();
     m_search->InitialiseOptions();
-    m_topN = QString::number(basDatabase::NumericValue(basDatabase::Setting(u"topn")));
+    const QString topN =
+        QString::number(basDatabase::NumericValue(basDatabase::Setting(u"topn")));
+    m_topN->setTopN(topN);
+    m_worksheet->setTopN(topN);
     m_search->InitialiseAlphabet();
-    m_search->setMaxSelect(basDatabase::Setting(u"maxselect"));
+    const QString maxSelect = basDatabase::Setting(u"maxselect");
+    m_search->setMaxSelect(maxSelect);
+    m_topN->setMaxSelect(maxSelect);
     setWindowTitle(windowTitle() % u' ' % basDatabase::Setting(u"versionno"));
 
     m_popular->navigate(pagefiles::path(pagefiles::popular));
@@ -137,10 +180,12 @@ void frmInfo::tabClicked()
     const QString key = selectedKey();
     // On the Help tab itself F1 is left to whatever has the focus.
     m_helpKey->setEnabled(key != u"H");
-    if (key == u"W")
-        m_topNNote->setText(u"Select your top " % m_topN % u" choices");
-    else if (key == u"A")
+    if (key == u"W") {
+        m_topN->DisplayNote();
+        m_topN->CheckResultTable();
+    } else if (key == u"A") {
         m_about->DisplayAbout();
+    }
 }
 
 void frmInfo::closeEvent(QCloseEvent *event)

@@ -20,6 +20,14 @@ namespace search {
 class SearchFrame;
 }
 
+namespace shortlist {
+class TopNFrame;
+}
+
+namespace worksheet {
+class WorksheetFrame;
+}
+
 /// The main window: six tabs, each showing its frame.
 class frmInfo final : public QWidget
 {
@@ -51,6 +59,8 @@ private:
     QWidget *makePageFrame(Tab tab, browser::BrowserPane *pane, const QString &paneName,
                            const QString &accessibleName);
     QWidget *makeWorksheetFrame();
+    void setUpSteps();
+    void showStep(QWidget *step);
     void load();
     void tabClicked();
     QString selectedKey() const;
@@ -60,9 +70,9 @@ private:
     browser::BrowserPane *m_popular; ///< dhtmPopular
     browser::BrowserPane *m_help;    ///< dhtmHelp
     search::SearchFrame *m_search;
-    QLabel *m_topNNote; ///< lblTopNNote
+    QLabel *m_worksheetNote; ///< lblWorksheetNote, until there is something to rank
+    shortlist::TopNFrame *m_topN;
+    worksheet::WorksheetFrame *m_worksheet;
     AboutFrame *m_about;
     QShortcut *m_helpKey;
-
-    QString m_topN; ///< how many names are ranked, as the text of a whole number
 };

@@ -3,6 +3,7 @@
 
 #include "search/resultgrid.h"
 
+#include "layout/columnwidths.h"
 #include "platform/grid/flexgrid.h"
 #include "platform/grid/redrawlock.h"
 #include "search/pages.h"
@@ -66,14 +67,7 @@ void formatPage(grid::FlexGrid &page)
     page.setStretchColumn(MeaningColumn);
     page.setFormatString(resultFormat());
     clearPage(page);
-    // The meaning keeps at least three sevenths of what the three columns of text share.
-    const int shared = page.columnPixelWidth(NameColumn) + page.columnPixelWidth(OriginColumn)
-                       + page.columnPixelWidth(MeaningColumn);
-    const int narrow = shared * 2 / 7;
-    for (const int column : {NameColumn, OriginColumn}) {
-        if (page.columnPixelWidth(column) > narrow)
-            page.setColumnPixelWidth(column, narrow);
-    }
+    layout::makeRoomForStretchColumn(page, MeaningColumn, {NameColumn, OriginColumn});
 }
 
 void clearPage(grid::FlexGrid &page)

@@ -14,6 +14,7 @@
 #include "search/resultgrid.h"
 
 #include <QDir>
+#include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -46,6 +47,8 @@ public:
         showPage(main, 1, "dhtmPopular", "popular");
         search(main);
         save(main);
+        rank(main);
+        composeNames(main);
         showPage(main, 4, "dhtmHelp", "help");
         showPage(main, 5, "dhtmlAbout", "about");
         showWindows(main);
@@ -146,16 +149,68 @@ private:
 
     static void tick(QWidget *main, int row)
     {
-        auto *page = static_cast<grid::FlexGrid *>(child(main, "msSearchList"));
-        const QModelIndex box = page->model()->index(row - 1, search::TickColumn);
-        QTest::mouseClick(page->viewport(), Qt::LeftButton, {}, page->visualRect(box).center());
+        clickCell(main, "msSearchList", row, search::TickColumn);
     }
 
     void save(QWidget *main)
     {
         answerQuestion(main, "saved", QMessageBox::Ok);
         QTest::mouseClick(child(main, "cmdSave"), Qt::LeftButton);
-        takePicture(main, "worksheet");
+        takePicture(main, "shortlist");
+    }
+
+    /// Gives ranks by drop-down lists and by the list of free ranks, and saves them.
+    void rank(QWidget *main)
+    {
+        for (const int row : {4, 1}) {
+            clickCell(main, "msfResult", row, 6);
+            QTest::keyClick(openList(), Qt::Key_Home);
+            if (row == 1)
+                takePicture(openList()->window(), "rank-list");
+            QTest::keyClick(openList(), Qt::Key_Return);
+        }
+        clickCell(main, "msfResult", 3, 1);
+        auto *ranks = static_cast<QListWidget *>(child(main, "lstTopNList"));
+        const QRect first = ranks->visualItemRect(ranks->item(1));
+        QTest::mouseClick(ranks->viewport(), Qt::LeftButton, {}, first.center());
+        takePicture(main, "ranked");
+        answerQuestion(main, "ranking-saved", QMessageBox::Ok);
+        QTest::mouseClick(child(main, "cmdSaveTopN"), Qt::LeftButton);
+    }
+
+    /// Types full names, with Tab from part to part, saves them and goes back to the ranking.
+    void composeNames(QWidget *main)
+    {
+        for (const char *name : {"Marie;Okonkwo;", "Rose;Okonkwo;K.L."}) {
+            const int row = *name == 'M' ? 1 : 2;
+            clickCell(main, "msfInitial", row, 3);
+            for (const QString &part : QString::fromLatin1(name).split(u';')) {
+                QTest::keyClicks(main->focusWidget(), part);
+                QTest::keyClick(main->focusWidget(), Qt::Key_Tab);
+            }
+        }
+        takePicture(main, "full-names");
+        answerQuestion(main, "full-names-saved", QMessageBox::Ok);
+        QTest::mouseClick(child(main, "cmdSaveInitial"), Qt::LeftButton);
+        clickCell(main, "msfInitial", 3, 5);
+        takePicture(main, "full-names-edit");
+        QTest::mouseClick(child(main, "cmdBack"), Qt::LeftButton);
+        takePicture(main, "ranking");
+    }
+
+    static void clickCell(QWidget *main, const char *grid, int row, int column)
+    {
+        auto *page = static_cast<grid::FlexGrid *>(child(main, grid));
+        const QModelIndex cell = page->model()->index(row - 1, column);
+        QTest::mouseClick(page->viewport(), Qt::LeftButton, {}, page->visualRect(cell).center());
+    }
+
+    static QWidget *openList()
+    {
+        QWidget *list = QApplication::activePopupWidget();
+        if (!list)
+            fail(QStringLiteral("there is no open list"));
+        return list->findChild<QAbstractItemView *>();
     }
 
     void showWindows(QWidget *main)

@@ -9,53 +9,74 @@
 
 namespace grid {
 
-ComboEditor::ComboEditor(const QStringList &items, const QString &cellText, const QString &typed,
-                         QWidget *parent)
+ComboEditor::ComboEditor(const QStringList &items, const QString &cellText, QWidget *parent)
     : QComboBox(parent)
 {
     addItems(items);
-    int selected = typed.isEmpty() ? -1 : findText(typed, Qt::MatchStartsWith);
-    if (selected < 0)
-        selected = findText(cellText, Qt::MatchExactly | Qt::MatchCaseSensitive);
-    setCurrentIndex(selected);
+    setCurrentIndex(findText(cellText, Qt::MatchExactly | Qt::MatchCaseSensitive));
 
     // The list may be wider than a narrow cell.
     view()->setMinimumWidth(view()->sizeHintForColumn(0) + 2 * view()->frameWidth()
                             + view()->verticalScrollBar()->sizeHint().width());
     view()->installEventFilter(this);
     view()->parentWidget()->installEventFilter(this);
-    connect(this, &QComboBox::activated, this, [this] { Q_EMIT finished(true); });
+    connect(this, &QComboBox::activated, this, [this] { Q_EMIT finished(true, QAbstractItemDelegate::NoHint); });
+}
+
+void ComboEditor::open(const QString &typed)
+{
+    showPopup();
+    if (typed.isEmpty())
+        return;
+    // A search looks behind the current item first.
+    view()->setCurrentIndex({});
+    search(typed);
+}
+
+void ComboEditor::search(const QString &typed)
+{
+    view()->keyboardSearch(typed);
+    if (view()->currentIndex().isValid())
+        setCurrentIndex(view()->currentIndex().row());
+    else
+        view()->setCurrentIndex(model()->index(currentIndex(), modelColumn()));
 }
 
 bool ComboEditor::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == view() && event->type() == QEvent::KeyPress) {
-        if (handleListKey(static_cast<QKeyEvent *>(event)->key()))
+        if (handleListKey(*static_cast<QKeyEvent *>(event)))
             return true;
     } else if (watched == view()->parentWidget() && event->type() == QEvent::Hide) {
         // The list also closes just before it reports the chosen item, so look again later.
         const auto leave = [this] {
             if (!view()->isVisible())
-                Q_EMIT finished(true);
+                Q_EMIT finished(true, QAbstractItemDelegate::NoHint);
         };
         QMetaObject::invokeMethod(this, leave, Qt::QueuedConnection);
     }
     return QComboBox::eventFilter(watched, event);
 }
 
-bool ComboEditor::handleListKey(int key)
+bool ComboEditor::handleListKey(const QKeyEvent &event)
 {
+    const int key = event.key();
     if (key == Qt::Key_Escape) {
-        Q_EMIT finished(false);
+        Q_EMIT finished(false, QAbstractItemDelegate::NoHint);
         return true;
     }
     if (key == Qt::Key_Tab || key == Qt::Key_Backtab) {
         if (view()->currentIndex().isValid())
             setCurrentIndex(view()->currentIndex().row());
-        Q_EMIT finished(true);
+        Q_EMIT finished(true, key == Qt::Key_Tab ? QAbstractItemDelegate::EditNextItem
+                                                 : QAbstractItemDelegate::EditPreviousItem);
         return true;
     }
-    return false;
+    if (event.text().isEmpty() || !event.text().front().isPrint())
+        return false;
+    // What has been typed is chosen, also if the list is then left by a click elsewhere.
+    search(event.text());
+    return true;
 }
 
 } // namespace grid

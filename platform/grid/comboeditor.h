@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QAbstractItemDelegate>
 #include <QComboBox>
 
 namespace grid {
@@ -14,20 +15,24 @@ class ComboEditor : public QComboBox
     Q_OBJECT
 
 public:
-    /// Selects the first item that begins with the typed characters if there are any, else the
-    /// item that equals the cell's text. No item is selected if neither is found.
-    ComboEditor(const QStringList &items, const QString &cellText, const QString &typed,
-                QWidget *parent);
+    /// Selects the item that equals the cell's text, none if there is no such item.
+    ComboEditor(const QStringList &items, const QString &cellText, QWidget *parent);
+
+    /// Opens the list. Typed characters select the first item that begins with them, if there is
+    /// one, and those that are typed next go on from there: "0", then "4" select "04".
+    void open(const QString &typed);
 
 Q_SIGNALS:
-    /// The user is done with the list; commit is false when the old text is to stay.
-    void finished(bool commit);
+    /// The user is done with the list; commit is false when the old text is to stay. The hint
+    /// says whether Tab or Shift+Tab was the way out.
+    void finished(bool commit, QAbstractItemDelegate::EndEditHint hint);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    bool handleListKey(int key);
+    bool handleListKey(const QKeyEvent &event);
+    void search(const QString &typed);
 };
 
 } // namespace grid

@@ -149,7 +149,12 @@ void FlexGrid::setAccessibleText(int row, int col, const QString &text)
 
 void FlexGrid::addItem(const QString &tabSeparated)
 {
-    m_model->appendRow(tabSeparated.split(u'\t'));
+    addRow(tabSeparated.split(u'\t'));
+}
+
+void FlexGrid::addRow(const QStringList &texts)
+{
+    m_model->appendRow(texts);
 }
 
 void FlexGrid::removeItem(int row)

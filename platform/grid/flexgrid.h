@@ -48,6 +48,8 @@ public:
     void setAccessibleText(int row, int col, const QString &text);
     /// Appends a row; the first text goes to column 0 and surplus texts are dropped.
     void addItem(const QString &tabSeparated);
+    /// The same from a list, whose texts may have tabs in them.
+    void addRow(const QStringList &texts);
     void removeItem(int row);
     /// The row's texts as addItem() takes them.
     QString rowText(int row) const;
@@ -90,11 +92,14 @@ public:
 
 Q_SIGNALS:
     void cellClicked(int row, int col);
-    void characterTyped(const QString &text);
+    /// A character was typed, or one of the keys that ask for an edit without typing anything,
+    /// Enter and F2; the text is then empty.
+    void keyPressed(const QString &text);
     /// The handler may set the combo list, go to another cell, which is then the one edited, or
     /// refuse the edit by setEditable(false).
     void beforeEdit(int row, int col);
     /// Once for each edit, committed or not, when the cell has its text and the editor is gone.
+    /// Tab then goes on to the next column if the handler leaves the current cell alone.
     void afterEdit(int row, int col);
 
 protected:
@@ -131,7 +136,9 @@ private:
     void applyRowHeights(int firstRow, int lastRow);
     void takeUserWidth(int col, int pixels);
     QWidget *makeEditor(const QString &typed);
-    void finishEdit(QWidget *editor, bool commit);
+    void finishEdit(QWidget *editor, bool commit,
+                    QAbstractItemDelegate::EndEditHint hint = QAbstractItemDelegate::NoHint);
+    void stepColumn(int step);
 
     GridModel *m_model;
     GridDelegate *m_delegate;

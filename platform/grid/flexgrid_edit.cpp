@@ -26,6 +26,14 @@ static QString printableText(const QKeyEvent &event)
     return typing ? text : QString();
 }
 
+static bool asksForEdit(const QKeyEvent &event)
+{
+    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
+    return !modifiers
+           && (event.key() == Qt::Key_F2 || event.key() == Qt::Key_Return
+               || event.key() == Qt::Key_Enter);
+}
+
 void FlexGrid::setComboList(const QString &items)
 {
     m_comboList = items;
@@ -57,7 +65,7 @@ void FlexGrid::editCell(const QString &typed)
         return;
     }
     if (auto *combo = qobject_cast<ComboEditor *>(editor)) {
-        combo->showPopup();
+        combo->open(typed);
     } else if (auto *line = qobject_cast<QLineEdit *>(editor); line && !typed.isEmpty()) {
         line->deselect();
         line->end(false);
@@ -79,10 +87,12 @@ QWidget *FlexGrid::makeEditor(const QString &typed)
 {
     const QString cellText = m_editedCell.data().toString();
     if (!m_comboList.isEmpty()) {
-        auto *combo = new ComboEditor(m_comboList.split(u'|'), cellText, typed, viewport());
+        auto *combo = new ComboEditor(m_comboList.split(u'|'), cellText, viewport());
         combo->setFont(font());
         connect(combo, &ComboEditor::finished, this,
-                [this, combo](bool commit) { finishEdit(combo, commit); });
+                [this, combo](bool commit, QAbstractItemDelegate::EndEditHint hint) {
+                    finishEdit(combo, commit, hint);
+                });
         return combo;
     }
     auto *line = new QLineEdit(typed.isEmpty() ? cellText : typed, viewport());
@@ -94,11 +104,11 @@ QWidget *FlexGrid::makeEditor(const QString &typed)
     return line;
 }
 
-void FlexGrid::finishEdit(QWidget *editor, bool commit)
+void FlexGrid::finishEdit(QWidget *editor, bool commit, QAbstractItemDelegate::EndEditHint hint)
 {
     if (commit)
         commitData(editor);
-    closeEditor(editor, QAbstractItemDelegate::NoHint);
+    closeEditor(editor, hint);
 }
 
 void FlexGrid::commitData(QWidget *editor)
@@ -109,7 +119,7 @@ void FlexGrid::commitData(QWidget *editor)
 
 /// Every way out of an edit leads here, several of them sometimes twice: an editor that closes
 /// also loses the focus, and a list that closes also reports that it has been left.
-void FlexGrid::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint /*hint*/)
+void FlexGrid::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint)
 {
     if (!editor || editor != m_editor)
         return;
@@ -122,11 +132,25 @@ void FlexGrid::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint /
 
     if (auto *combo = qobject_cast<ComboEditor *>(editor))
         combo->hidePopup();
-    // No hint: Tab and Enter are not to move on to another cell.
+    // No hint: the base class would open the next editor, in another row if need be.
     QTableView::closeEditor(editor, QAbstractItemDelegate::NoHint);
     if (hadFocus)
         setFocus();
     Q_EMIT afterEdit(edited.row, edited.col);
+    const bool hasMoved = currentRow() != edited.row || currentCol() != edited.col;
+    if (!hasMoved && hint == QAbstractItemDelegate::EditNextItem)
+        stepColumn(+1);
+    else if (!hasMoved && hint == QAbstractItemDelegate::EditPreviousItem)
+        stepColumn(-1);
+}
+
+/// Makes the nearest shown column to the right (+1) or to the left (-1) the current one, if any.
+void FlexGrid::stepColumn(int step)
+{
+    int col = currentCol() + step;
+    while (col >= 0 && col < columnCount() && isColumnHidden(col))
+        col += step;
+    setCurrentCell(currentRow(), col);
 }
 
 void FlexGrid::hideEvent(QHideEvent *event)
@@ -139,25 +163,25 @@ void FlexGrid::hideEvent(QHideEvent *event)
 void FlexGrid::keyPressEvent(QKeyEvent *event)
 {
     const QString typed = printableText(*event);
-    if (typed.isEmpty()) {
+    if (typed.isEmpty() && !asksForEdit(*event)) {
         QTableView::keyPressEvent(event);
         return;
     }
     event->accept();
     if (!isEditing())
-        Q_EMIT characterTyped(typed);
+        Q_EMIT keyPressed(typed);
 }
 
 void FlexGrid::inputMethodEvent(QInputMethodEvent *event)
 {
     event->accept();
     if (!event->commitString().isEmpty() && !isEditing())
-        Q_EMIT characterTyped(event->commitString());
+        Q_EMIT keyPressed(event->commitString());
 }
 
 void FlexGrid::keyboardSearch(const QString & /*search*/)
 {
-    // Typed characters are the business of whoever listens to characterTyped().
+    // Typed characters are the business of whoever listens to keyPressed().
 }
 
 } // namespace grid
