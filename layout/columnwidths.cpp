@@ -5,15 +5,20 @@
 
 #include "platform/grid/flexgrid.h"
 
+#include <algorithm>
+
 namespace layout {
 
 void makeRoomForStretchColumn(grid::FlexGrid &grid, int stretchColumn,
-                              std::initializer_list<int> others)
+                              std::initializer_list<int> others, double share)
 {
-    int shared = grid.columnPixelWidth(stretchColumn);
-    for (const int column : others)
-        shared += grid.columnPixelWidth(column);
-    const int narrow = shared * 2 / (2 * int(others.size()) + 3);
+    int shared = grid.widthOfColumns();
+    for (int column = 0; column < grid.columnCount(); ++column) {
+        const bool isOther = std::ranges::find(others, column) != others.end();
+        if (!isOther && column != stretchColumn)
+            shared -= grid.columnPixelWidth(column);
+    }
+    const int narrow = int(shared * share);
     for (const int column : others) {
         if (grid.columnPixelWidth(column) > narrow)
             grid.setColumnPixelWidth(column, narrow);

@@ -12,9 +12,10 @@ class FlexGrid;
 namespace layout {
 
 /// Where the columns of a grid are too wide for it, makes some of them narrower in favour of the
-/// one that takes what the others leave: of what they share it keeps at least three parts for two
-/// parts of each of the others.
+/// one that takes what the others leave.
+/// @param share  of the width that all these columns have together, what each of the others gets at
+///               most; 0.25 is a quarter
 void makeRoomForStretchColumn(grid::FlexGrid &grid, int stretchColumn,
-                              std::initializer_list<int> others);
+                              std::initializer_list<int> others, double share);
 
 } // namespace layout

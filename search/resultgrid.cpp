@@ -67,7 +67,7 @@ void formatPage(grid::FlexGrid &page)
     page.setStretchColumn(MeaningColumn);
     page.setFormatString(resultFormat());
     clearPage(page);
-    layout::makeRoomForStretchColumn(page, MeaningColumn, {NameColumn, OriginColumn});
+    layout::makeRoomForStretchColumn(page, MeaningColumn, {NameColumn, OriginColumn}, 0.286);
 }
 
 void clearPage(grid::FlexGrid &page)

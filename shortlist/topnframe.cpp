@@ -151,7 +151,8 @@ void TopNFrame::SetRankWidth(const Ranks &ranks) const
     ranks.grid->setColumnPixelWidth(
         ranks.column,
         layout::pixelsFromTwips(isBesideScrollBar ? rankWidthBesideScrollBar : rankWidth));
-    layout::makeRoomForStretchColumn(*ranks.grid, MeaningColumn, {NameColumn, OriginColumn});
+    layout::makeRoomForStretchColumn(*ranks.grid, MeaningColumn, {NameColumn, OriginColumn},
+                                     0.32);
 }
 
 bool TopNFrame::CheckPreviousTopNExist(const QString &inpName, const QString &inpSex,

@@ -185,7 +185,8 @@ private:
             const int row = *name == 'M' ? 1 : 2;
             clickCell(main, "msfInitial", row, 3);
             for (const QString &part : QString::fromLatin1(name).split(u';')) {
-                QTest::keyClicks(main->focusWidget(), part);
+                for (const QChar letter : part)
+                    QTest::keyClicks(main->focusWidget(), letter);
                 QTest::keyClick(main->focusWidget(), Qt::Key_Tab);
             }
         }

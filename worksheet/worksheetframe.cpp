@@ -69,7 +69,8 @@ bool WorksheetFrame::DisplayInitialRecord()
         page.setRowCount(1);
         page.setColumnPixelWidth(TopNColumn, 1);
         layout::makeRoomForStretchColumn(page, LastColumn,
-                                         {FirstColumn, MiddleColumn, OtherColumn, InitialsColumn});
+                                         {FirstColumn, MiddleColumn, OtherColumn, InitialsColumn},
+                                         0.2);
         for (const FullName &name : names)
             addRow(name);
         addRow({});

@@ -67,6 +67,8 @@ public:
     int columnPixelWidth(int col) const;
     /// A column of 1 pixel or less is kept but not shown.
     void setColumnPixelWidth(int col, int pixels);
+    /// The pixels that the columns share, which leaves room for the vertical scroll bar.
+    int widthOfColumns() const;
     /// The column that takes the width which the others leave, -1 for none. It may be set before
     /// the column exists.
     void setStretchColumn(int col);

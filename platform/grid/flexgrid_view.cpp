@@ -172,13 +172,17 @@ int FlexGrid::formatWidth(const QString &text) const
     return fontMetrics().horizontalAdvance(text) + cellTextMargin();
 }
 
-/// The room of the vertical scroll bar is never given away, lest the column's texts wrap anew
-/// whenever the bar comes or goes.
+/// The room of the vertical scroll bar is never given away, lest texts wrap anew whenever the bar
+/// comes or goes.
+int FlexGrid::widthOfColumns() const
+{
+    const bool canScroll = verticalScrollBarPolicy() != Qt::ScrollBarAlwaysOff;
+    return contentsRect().width() - (canScroll ? verticalScrollBar()->sizeHint().width() : 0);
+}
+
 int FlexGrid::stretchWidth() const
 {
-    int rest = contentsRect().width();
-    if (verticalScrollBarPolicy() != Qt::ScrollBarAlwaysOff)
-        rest -= verticalScrollBar()->sizeHint().width();
+    int rest = widthOfColumns();
     for (int col = 0; col < columnCount(); ++col) {
         const int width = m_widths[static_cast<std::size_t>(col)].pixels;
         if (col != m_stretchColumn && width >= smallestVisibleWidth)
