@@ -7,11 +7,11 @@
 #include "layout/mainlayout.h"
 #include "platform/access/collation.h"
 #include "platform/access/likepattern.h"
+#include "tests/support/gridhand.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QTest>
 
 using dictionary::Entry;
 using search::ListCriteria;
@@ -81,19 +81,17 @@ void Tab::choose(const ListCriteria &criteria) const
 
 void Tab::clickCell(int row, int column) const
 {
-    const QModelIndex cell = page().model()->index(row - 1, column);
-    page().scrollTo(cell);
-    QTest::mouseClick(page().viewport(), Qt::LeftButton, {}, page().visualRect(cell).center());
+    support::clickCell(page(), row, column);
 }
 
 QStringList Tab::rows(const char *grid) const
 {
     const auto &page = *control<grid::FlexGrid>(grid);
     const qint64 checked = control<QLabel>("picChecked")->pixmap(Qt::ReturnByValue).cacheKey();
-    QStringList texts;
+    QStringList texts = support::rows(page);
     for (int row = 1; row < page.rowCount(); ++row) {
-        const bool hasTick = page.picture(row, search::TickColumn).cacheKey() == checked;
-        texts.append(page.rowText(row).replace(u'\t', u'|') % (hasTick ? u"*" : u""));
+        if (page.picture(row, search::TickColumn).cacheKey() == checked)
+            texts[row - 1] += u'*';
     }
     return texts;
 }

@@ -13,6 +13,8 @@
 
 using support::Box;
 using support::BoxReader;
+using support::information;
+using support::table;
 
 namespace {
 
@@ -22,20 +24,6 @@ std::vector<dictionary::Entry> someEntries()
 {
     return support::entries({"Anna|B|Hebrew|grace", "O'Neil|B|Côte d'Or|champion",
                              "Anna|B|Irish|wealth", "Anna|G|Irish|wealth"});
-}
-
-/// What the database holds, a line for each row, "|" between the fields.
-QStringList table(const QString &query)
-{
-    QStringList lines;
-    for (auto rows = basDatabase::OpenRecordset(query); rows && !rows->isAtEnd();
-         rows->moveNext()) {
-        QStringList fields;
-        for (qsizetype i = 0; i < rows->fieldCount(); ++i)
-            fields.append(rows->text(i));
-        lines.append(fields.join(u'|'));
-    }
-    return lines;
 }
 
 QStringList tickedNames()
@@ -49,11 +37,6 @@ QStringList shortlist()
 {
     return table(QStringLiteral("select name_desc, name_orgid, name_sex, name_meaning, name_first, "
                                 "name_select from tblresult order by name_desc, name_orgid"));
-}
-
-Box information(const char *title, const QString &text)
-{
-    return {QMessageBox::Information, QLatin1String(title), text};
 }
 
 } // namespace
@@ -160,18 +143,18 @@ private Q_SLOTS:
         const QStringList before = shortlist();
         tab.click("cmdSave");
         QCOMPARE(reader.take(),
-                 std::vector {information("Warning", QStringLiteral("No record found!"))});
+                 std::vector {information(QStringLiteral("Warning"), QStringLiteral("No record found!"))});
         tab.click("cmdSearch");
         tab.click("cmdSave");
         QCOMPARE(reader.take(),
-                 std::vector {information("Warning", QStringLiteral("No record selected!"))});
+                 std::vector {information(QStringLiteral("Warning"), QStringLiteral("No record selected!"))});
         // An empty page comes first, however many names are ticked elsewhere.
         tab.clickCell(1, search::TickColumn);
         tab.choose(search::SearchCriteria {.name = QStringLiteral("nobody")});
         tab.click("cmdSearch");
         tab.click("cmdSave");
         QCOMPARE(reader.take(),
-                 std::vector {information("Warning", QStringLiteral("No record found!"))});
+                 std::vector {information(QStringLiteral("Warning"), QStringLiteral("No record found!"))});
         QCOMPARE(shortlist(), before);
         QCOMPARE(saved.size(), 0);
     }
@@ -191,7 +174,7 @@ private Q_SLOTS:
         QStringList statements;
         basDatabase::WatchStatements([&](const QString &sql) { statements.append(sql); });
         tab.click("cmdSave");
-        const Box done = information("Tovarin", QStringLiteral("Record selected saved!"));
+        const Box done = information(QStringLiteral("Tovarin"), QStringLiteral("Record selected saved!"));
         QCOMPARE(reader.take(), std::vector {done});
         QCOMPARE(saved.size(), 1);
         QCOMPARE(
@@ -214,7 +197,7 @@ private Q_SLOTS:
             QStringLiteral("Warning: You have selected more than 2 names.\r\n"
                            "Please limit your choices to less than or equal 2 otherwise\r\n"
                            "you will have too many names to choose from.");
-        QCOMPARE(reader.take(), (std::vector {information("Title 1.2", advice), done}));
+        QCOMPARE(reader.take(), (std::vector {information(QStringLiteral("Title 1.2"), advice), done}));
         QCOMPARE(shortlist().size(), 3);
         QCOMPARE(saved.size(), 2);
     }

@@ -20,6 +20,11 @@ static QString describe(const Box &box)
     return icon % u" [" % box.title % u"] " % box.text;
 }
 
+Box information(const QString &title, const QString &text)
+{
+    return {QMessageBox::Information, title, text};
+}
+
 char *toString(const Box &box)
 {
     return QTest::toString(describe(box));

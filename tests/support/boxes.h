@@ -21,6 +21,9 @@ struct Box
     bool operator==(const Box &) const = default;
 };
 
+/// A box with the icon that tells of something.
+Box information(const QString &title, const QString &text);
+
 /// For a failing comparison: "critical [Error] text", a line for each box.
 char *toString(const Box &box);
 char *toString(const std::vector<Box> &boxes);

@@ -3,6 +3,7 @@
 
 #include "tests/support/sampledatabase.h"
 
+#include "db/basdatabase.h"
 #include "db/bastovarin.h"
 
 #include <QFile>
@@ -24,6 +25,19 @@ SampleDatabase::SampleDatabase(const std::vector<dictionary::Entry> &entries)
 {
     shipped::writeDatabase(entries, sampleSettings(), samplePassword(), folder());
     basTovarin::SetProgramFolder(folder());
+}
+
+QStringList table(const QString &query)
+{
+    QStringList lines;
+    for (auto rows = basDatabase::OpenRecordset(query); rows && !rows->isAtEnd();
+         rows->moveNext()) {
+        QStringList fields;
+        for (qsizetype i = 0; i < rows->fieldCount(); ++i)
+            fields.append(rows->text(i));
+        lines.append(fields.join(u'|'));
+    }
+    return lines;
 }
 
 void writeFile(const QString &path, const QByteArray &content)

@@ -30,6 +30,9 @@ private:
     QTemporaryDir m_folder;
 };
 
+/// What a query of the open database yields, a line for each row, "|" between the fields.
+QStringList table(const QString &query);
+
 /// Writes a file, over one that is there.
 void writeFile(const QString &path, const QByteArray &content);
 /// A file's content; none where there is no file.
