@@ -7,6 +7,8 @@
 
 #include "bench/bareengine.h"
 #include "bench/statements.h"
+#include "bench/timing.h"
+#include "bench/worksheetactions.h"
 #include "bench/worlds.h"
 #include "db/basdatabase.h"
 #include "db/bastovarin.h"
@@ -17,7 +19,6 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QProcess>
 #include <QPushButton>
@@ -25,56 +26,12 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <functional>
 #include <limits>
 
+using timing::medianOf;
+using timing::mediansOf;
+
 namespace {
-
-/// Microseconds.
-double timeOf(const std::function<void()> &action)
-{
-    QElapsedTimer timer;
-    timer.start();
-    action();
-    return double(timer.nsecsElapsed()) / 1000.0;
-}
-
-double medianOf(std::vector<double> times)
-{
-    const auto middle = times.begin() + qsizetype(times.size() / 2);
-    std::ranges::nth_element(times, middle);
-    return *middle;
-}
-
-/// The median of many runs, in microseconds, after one that warms the caches. What comes before
-/// each run is not measured.
-double medianOf(
-    int runs, const std::function<void()> &action, const std::function<void()> &before = [] {})
-{
-    before();
-    action();
-    std::vector<double> times;
-    for (int i = 0; i < runs; ++i) {
-        before();
-        times.push_back(timeOf(action));
-    }
-    return medianOf(std::move(times));
-}
-
-/// The medians of two actions that take turns, so that a busy machine slows both alike.
-std::pair<double, double> mediansOf(int runs, const std::function<void()> &one,
-                                    const std::function<void()> &other)
-{
-    one();
-    other();
-    std::vector<double> times;
-    std::vector<double> otherTimes;
-    for (int i = 0; i < runs; ++i) {
-        times.push_back(timeOf(one));
-        otherTimes.push_back(timeOf(other));
-    }
-    return {medianOf(std::move(times)), medianOf(std::move(otherTimes))};
-}
 
 /// Runs statements one by one; answers how many rows there were.
 int runOurs(const QStringList &texts)
@@ -215,6 +172,8 @@ int main(int argc, char *argv[])
         basDatabase::OpenDatabase();
         benchStatements(size, BareEngine(basTovarin::ProgramFolder() % u"/Tovarin.mdb"));
         benchActions(size);
+        if (size == sizes.front())
+            benchWorksheet(BareEngine(basTovarin::ProgramFolder() % u"/Tovarin.mdb"));
         basDatabase::CloseDatabase();
         std::fflush(stdout);
     }

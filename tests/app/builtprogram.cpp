@@ -48,7 +48,7 @@ Run finish(QProcess &program)
     }
     Run run {program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -2, {}};
     for (const QString &line : QString::fromUtf8(program.readAllStandardError()).split(u'\n')) {
-        for (const QStringView kind : {u"box: ", u"lbl", u"frm", u"ms", u"tick: "}) {
+        for (const QStringView kind : {u"box: ", u"lbl", u"frm", u"ms", u"tick: ", u"rows: "}) {
             if (line.startsWith(kind))
                 run.said.append(line);
         }

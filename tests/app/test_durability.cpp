@@ -12,6 +12,7 @@
 #include <QSet>
 #include <QTest>
 
+#include <algorithm>
 #include <random>
 
 namespace {
@@ -41,14 +42,31 @@ public:
     {
         return names(QStringLiteral("select name_desc, name_sex, name_orgid from tblresult"));
     }
+    /// In the order in which they were saved: "name|sex|origin|meaning|rank".
+    QStringList ranking()
+    {
+        return lines(QStringLiteral("select t10_name, t10_sex, t10_orgid, t10_mid, t10_id from "
+                                    "tbltopn"));
+    }
+    /// "first|middle|last|other|initials".
+    QStringList fullNames() { return lines(QStringLiteral("select * from tblinitial")); }
 
 private:
+    QStringList lines(const QString &query)
+    {
+        QStringList found;
+        for (auto rows = m_connection.openRecordset(query); !rows.isAtEnd(); rows.moveNext()) {
+            QStringList fields;
+            for (qsizetype i = 0; i < rows.fieldCount(); ++i)
+                fields.append(rows.text(i));
+            found.append(fields.join(u'|'));
+        }
+        return found;
+    }
     Names names(const QString &query)
     {
-        Names found;
-        for (auto rows = m_connection.openRecordset(query); !rows.isAtEnd(); rows.moveNext())
-            found.insert(rows.text(0) % u'|' % rows.text(1) % u'|' % rows.text(2));
-        return found;
+        const QStringList found = lines(query);
+        return {found.begin(), found.end()};
     }
 
     dbaccess::Connection m_connection;
@@ -76,6 +94,85 @@ struct Work
     }
 };
 
+/// A table that is emptied and filled again whenever it is saved, each statement by itself.
+struct Rewritten
+{
+    QStringList saved {};   ///< as the last save that was told to be done has left it
+    QStringList pending {}; ///< what is saved next
+    bool isPending = false;
+
+    void done()
+    {
+        saved = pending;
+        isPending = false;
+    }
+    bool canBe(const QStringList &found) const
+    {
+        const auto begun = pending.first(std::min(found.size(), pending.size()));
+        return found == saved || (isPending && found == begun);
+    }
+};
+
+/// What a program has told of the Worksheet tab: the rows before each save, and that it is done.
+struct Worksheet
+{
+    Rewritten ranking;
+    Rewritten fullNames;
+    int saves = 0;
+
+    void follow(const QStringList &lines)
+    {
+        for (const QString &line : lines) {
+            const QStringList rows = line.split(u'\t');
+            if (rows.first() == u"rows: msfPrevTopN")
+                ranking.pending = ranked(rows, 5);
+            else if (rows.first() == u"rows: msfResult")
+                ranking.pending += ranked(rows, 6);
+            else if (rows.first() == u"rows: msfInitial")
+                fullNames.pending = composed(rows);
+            else if (line == u"box: [Tovarin] Top 10 record saved!")
+                ranking.done();
+            else if (line == u"box: [Tovarin] Record saved!")
+                fullNames.done();
+            ranking.isPending = ranking.isPending || line.startsWith(u"rows: msfResult");
+            fullNames.isPending = fullNames.isPending || line.startsWith(u"rows: msfInitial");
+            saves += line.endsWith(u"ecord saved!");
+        }
+    }
+
+    /// While the ranking is saved, the full names of names that have lost their rank go.
+    bool canHaveFullNames(const QStringList &found) const
+    {
+        const auto wasSaved = [this](const QString &name) {
+            return fullNames.saved.contains(name);
+        };
+        return fullNames.canBe(found) || std::ranges::all_of(found, wasSaved);
+    }
+
+    /// The ranked names in the rows of a grid, as File::ranking() gives them.
+    static QStringList ranked(const QStringList &rows, int rankColumn)
+    {
+        QStringList names;
+        for (const QString &row : rows.sliced(1)) {
+            const QString rank = row.section(u'|', rankColumn);
+            if (rank != u"--")
+                names.append(row.section(u'|', 1, 4) % u'|' % rank);
+        }
+        return names;
+    }
+
+    /// The full names in the rows of the worksheet, as File::fullNames() gives them.
+    static QStringList composed(const QStringList &rows)
+    {
+        QStringList names;
+        for (const QString &row : rows.sliced(1)) {
+            if (!row.section(u'|', 2, 2).isEmpty())
+                names.append(row.section(u'|', 2));
+        }
+        return names;
+    }
+};
+
 QString startOfWork()
 {
     return QStringLiteral("click cmdOK;tab 2;click optSearch_2;click cmdSearch;");
@@ -95,6 +192,26 @@ QString busyScript(std::mt19937 &random, int steps)
             script += QStringLiteral("click cmdLastPage;");
         else
             script += QStringLiteral("click cmdSave;tab 2;");
+    }
+    return script;
+}
+
+/// Ranks names, takes them out of the ranking, and saves ranking and full names.
+QString rankingScript(std::mt19937 &random, int saves)
+{
+    QString script = startOfWork();
+    for (int row = 0; row < 12; ++row)
+        script += QStringLiteral("tick msSearchList %1;").arg(random() % 100);
+    script += QStringLiteral("click cmdSave;");
+    for (int i = 0; i < saves; ++i) {
+        for (int change = 0; change < 4; ++change)
+            script += QStringLiteral("pick %1 %2 %3;")
+                          .arg(random() % 4 ? QStringLiteral("msfResult")
+                                            : QStringLiteral("msfPrevTopN"))
+                          .arg(random() % 12)
+                          .arg(random() % 12);
+        script += QStringLiteral("rows msfPrevTopN;rows msfResult;click cmdSaveTopN;"
+                                 "rows msfInitial;click cmdSaveInitial;click cmdBack;");
     }
     return script;
 }
@@ -141,6 +258,54 @@ private Q_SLOTS:
         }
         qInfo("%d ticks, %d of %d programs killed in mid-write", work.ticks, halfWritten, kills);
         QVERIFY(work.ticks >= kills);
+    }
+
+    void killedPrograms_keepWhatTheirStatementsHaveSaved()
+    {
+        constexpr int kills = 12;
+        constexpr int longestLife = 150; // milliseconds after the first save begins
+        const ProgramFolder folder;
+        std::mt19937 random(std::random_device {}());
+        Worksheet worksheet;
+        int inBetween = 0;
+        for (int i = 0; i < kills; ++i) {
+            QProcess program;
+            startProgram(program, folder, rankingScript(random, 30));
+            QByteArray said;
+            while (!said.contains("rows: ") && program.waitForReadyRead(20000))
+                said += program.readAllStandardError();
+            QTest::qSleep(int(random() % longestLife));
+            program.kill();
+            QVERIFY(program.waitForFinished());
+            said += program.readAllStandardError();
+            worksheet.follow(QString::fromUtf8(said).split(u'\n'));
+
+            QStringList ranking;
+            {
+                File file(folder);
+                QCOMPARE(file.soundness(), QStringLiteral("ok"));
+                ranking = file.ranking();
+                QVERIFY2(worksheet.ranking.canBe(ranking), qPrintable(ranking.join(u'\n')));
+                const QStringList fullNames = file.fullNames();
+                QVERIFY2(worksheet.canHaveFullNames(fullNames), qPrintable(fullNames.join(u'\n')));
+                inBetween += ranking != worksheet.ranking.saved
+                             || fullNames != worksheet.fullNames.saved;
+                worksheet.ranking = {.saved = ranking};
+                worksheet.fullNames = {.saved = fullNames};
+            }
+            // The next start shows exactly that.
+            const Run run = runProgram(folder, QStringLiteral("click cmdOK;tab 3;rows msfPrevTopN;"
+                                                              "answer yes;close frmInfo"));
+            const QStringList shown = run.said.filter(QStringLiteral("rows: msfPrevTopN"));
+            QCOMPARE(shown.size(), 1);
+            QStringList rows = Worksheet::ranked(shown.first().split(u'\t'), 5);
+            std::ranges::sort(rows);
+            std::ranges::sort(ranking);
+            QCOMPARE(rows, ranking);
+        }
+        qInfo("%d saves, %d of %d programs killed between their statements", worksheet.saves,
+              inBetween, kills);
+        QVERIFY(worksheet.saves > 0);
     }
 
     void twoPrograms_workOnOneFile()

@@ -13,6 +13,7 @@
 #include "reports/linklabel.h"
 #include "search/resultgrid.h"
 #include "tests/support/boxes.h"
+#include "tests/support/gridhand.h"
 #include "tests/support/sampledatabase.h"
 
 #include <QAccessible>
@@ -24,6 +25,8 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
+
+#include <optional>
 
 using layout::ScreenClass;
 using support::BoxReader;
@@ -239,6 +242,106 @@ private Q_SLOTS:
                  QStringLiteral("Select your top 10 choices"));
     }
 
+    void worksheetTab_withoutAShortlist_saysWhatToDo()
+    {
+        const Folder folder;
+        frmInfo window;
+        window.show();
+        window.findChild<QTabWidget *>(QStringLiteral("tabInfo"))->setCurrentIndex(3);
+        for (const char *step : {"fraTopN", "fraInitial", "lblWorksheetNote"})
+            QCOMPARE(window.findChild<QWidget *>(QLatin1String(step))->isVisible(),
+                     QByteArray(step) == "lblWorksheetNote");
+    }
+
+    /// From the ticks to the full names and back, and the same again after the next start.
+    void worksheetTab_ranksNamesAndComposesFullNames()
+    {
+        const Folder folder(support::entries(
+            {"Anna|G|Hebrew|grace", "Élodie|G|French|form of Alodia", "Noah|B|Hebrew|rest"}));
+        std::optional<frmInfo> window;
+        const auto grid = [&window](const char *name) -> grid::FlexGrid & {
+            return *window->findChild<grid::FlexGrid *>(QLatin1String(name));
+        };
+        const auto click = [&window](const char *button) {
+            window->findChild<QAbstractButton *>(QLatin1String(button))->click();
+        };
+        const auto isShown = [&window](const char *frame) {
+            return window->findChild<QWidget *>(QLatin1String(frame))->isVisible();
+        };
+        const auto goTo = [&window](int tab) {
+            window->findChild<QTabWidget *>(QStringLiteral("tabInfo"))->setCurrentIndex(tab);
+        };
+        const auto rank = [&grid](const char *name, int row, int column, int item) {
+            support::clickCell(grid(name), row, column);
+            support::choose(grid(name), item);
+        };
+        const auto open = [&] {
+            window.emplace().show();
+            window->activateWindow();
+            QVERIFY(QTest::qWaitForWindowActive(&*window));
+        };
+        BoxReader reader(QMessageBox::Yes);
+        open();
+        goTo(2);
+        click("optSearch_2");
+        click("cmdSearch");
+        for (int row = 1; row <= 3; ++row)
+            support::clickCell(grid("msSearchList"), row, search::TickColumn);
+        click("cmdSave");
+        QVERIFY(isShown("fraTopN") && !isShown("fraInitial") && !isShown("lblWorksheetNote"));
+        QCOMPARE(window->focusWidget(), &grid("msfResult"));
+        rank("msfResult", 2, 6, 0);
+        rank("msfResult", 3, 6, 0);
+        click("cmdSaveTopN");
+        QVERIFY(isShown("fraInitial") && !isShown("fraTopN"));
+        QCOMPARE(window->focusWidget(), &grid("msfInitial"));
+        support::type(grid("msfInitial"), QStringLiteral("Marie\tO'Neil\tÇ."));
+        click("cmdSaveInitial");
+        const QStringList fullNames {QStringLiteral("1||Élodie|Marie|O'Neil|Ç.|ÉMOÇ."),
+                                     QStringLiteral("2||Noah||||N"), QStringLiteral("3||||||")};
+        QCOMPARE(support::rows(grid("msfInitial")), fullNames);
+        click("cmdBack");
+        QVERIFY(isShown("fraTopN") && !isShown("fraInitial"));
+        reader.take();
+
+        // The next start shows what is saved, whatever was not.
+        rank("msfResult", 1, 6, 0);
+        window.reset();
+        open();
+        goTo(3);
+        const QStringList ranking {QStringLiteral("1|Élodie|G|French|form of Alodia|01"),
+                                   QStringLiteral("2|Noah|B|Hebrew|rest|02")};
+        QCOMPARE(support::rows(grid("msfPrevTopN")), ranking);
+        QCOMPARE(support::rows(grid("msfResult")),
+                 QStringList(QStringLiteral("1|Anna|G|Hebrew|grace|A|--")));
+        click("cmdNext");
+        QCOMPARE(support::rows(grid("msfInitial")), fullNames);
+
+        // A new shortlist leaves the ranking alone.
+        goTo(2);
+        click("optSearch_2");
+        click("cmdSearch");
+        support::clickCell(grid("msSearchList"), 2, search::TickColumn);
+        support::clickCell(grid("msSearchList"), 3, search::TickColumn);
+        click("cmdSave");
+        QVERIFY(isShown("fraTopN") && !isShown("fraInitial"));
+        QCOMPARE(support::rows(grid("msfPrevTopN")), ranking);
+        QCOMPARE(support::rows(grid("msfResult")).size(), 1);
+
+        // Without its rank a name is gone from the worksheet, too.
+        rank("msfPrevTopN", 1, 5, 8);
+        QCOMPARE(support::rows(grid("msfResult")).last(),
+                 QStringLiteral("3|Élodie|G|French|form of Alodia||--"));
+        reader.take();
+        click("cmdNext");
+        QCOMPARE(reader.boxes().size(), std::size_t(1));
+        QVERIFY(isShown("fraTopN"));
+        click("cmdSaveTopN");
+        QCOMPARE(support::rows(grid("msfInitial")),
+                 QStringList({QStringLiteral("1||Noah||||N"), QStringLiteral("2||||||")}));
+        QVERIFY(window->close());
+    }
+
     void closing_asksAndObeys()
     {
         const Folder folder;
@@ -319,13 +422,13 @@ private Q_SLOTS:
             QVERIFY2(window.findChild<QWidget *>(name), qPrintable(name));
         }
         for (QWidget *control : controls) {
-            if (control->isHidden() || !control->parentWidget())
-                continue;
             const QByteArray name = control->objectName().toUtf8();
             const bool isFrameOfLayout = name.startsWith("fraInfo") || name == "tabInfo";
-            if (!isFrameOfLayout)
+            if (!isFrameOfLayout && !control->size().isEmpty())
                 QVERIFY2(control->parentWidget()->rect().contains(control->geometry()),
                          name.constData());
+            if (control->isHidden())
+                continue;
             const auto *label = qobject_cast<QLabel *>(control);
             QVERIFY2(control->width() >= widthNeeded(control),
                      qPrintable(QStringLiteral("%1: %2 < %3")

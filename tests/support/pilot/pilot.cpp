@@ -34,19 +34,53 @@ QString textOf(const QWidget *widget)
     return widget->windowTitle();
 }
 
-/// Clicks into the last column of a row, then says what stands in the row.
-void tick(QTableView *table, int row)
+void click(QAbstractItemView *view, const QModelIndex &item)
+{
+    view->scrollTo(item);
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(item).center());
+}
+
+QString rowText(const QAbstractItemModel &model, int row)
+{
+    QStringList cells;
+    for (int column = 0; column < model.columnCount(); ++column)
+        cells.append(model.index(row, column).data().toString());
+    return cells.join(u'|');
+}
+
+/// Clicks into the last column of a row.
+/// @return the row; -1 if there is none
+int clickLastCell(QTableView *table, int row)
 {
     const QAbstractItemModel &model = *table->model();
     if (model.rowCount() == 0)
-        return;
-    const QModelIndex box = model.index(row % model.rowCount(), model.columnCount() - 1);
-    table->scrollTo(box);
-    QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, table->visualRect(box).center());
-    QStringList cells;
-    for (int column = 0; column < model.columnCount(); ++column)
-        cells.append(box.siblingAtColumn(column).data().toString());
-    say(u"tick: " % cells.join(u'|'));
+        return -1;
+    row %= model.rowCount();
+    click(table, model.index(row, model.columnCount() - 1));
+    return row;
+}
+
+void tick(QTableView *table, int row)
+{
+    row = clickLastCell(table, row);
+    if (row >= 0)
+        say(u"tick: " % rowText(*table->model(), row));
+}
+
+void pick(QTableView *table, int row, int item)
+{
+    clickLastCell(table, row);
+    QWidget *popup = QApplication::activePopupWidget();
+    if (auto *list = popup ? popup->findChild<QAbstractItemView *>() : nullptr)
+        click(list, list->model()->index(item % list->model()->rowCount(), 0));
+}
+
+QString rowsOf(const QTableView *table)
+{
+    QString rows;
+    for (int row = 0; row < table->model()->rowCount(); ++row)
+        rows += u'\t' % rowText(*table->model(), row);
+    return rows;
 }
 
 void act(const QString &verb, QWidget *widget, const QString &text)
@@ -61,6 +95,11 @@ void act(const QString &verb, QWidget *widget, const QString &text)
         QTest::keyClick(widget, Qt::Key_Return);
     else if (verb == u"tick")
         tick(qobject_cast<QTableView *>(widget), text.toInt());
+    else if (verb == u"pick")
+        pick(qobject_cast<QTableView *>(widget), text.section(u' ', 0, 0).toInt(),
+             text.section(u' ', 1).toInt());
+    else if (verb == u"rows")
+        say(u"rows: " % widget->objectName() % rowsOf(qobject_cast<QTableView *>(widget)));
     else if (verb == u"print")
         say(widget->objectName() % u": " % textOf(widget));
 }

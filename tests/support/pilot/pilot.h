@@ -20,6 +20,9 @@ namespace pilot {
 ///   tab N          goes to the tab N, from 0       print NAME     prints its text or row count
 ///   tick NAME N    clicks the tick box of a grid's row, from 0 and round after the last one, and
 ///                  when the click has returned prints "tick: " and the row
+///   pick NAME N M  clicks the last cell of a grid's row, from 0 and round after the last one, and
+///                  in the list that opens the item M, from 0 and round after the last one
+///   rows NAME      prints "rows: ", the name and after a tab each row of a grid
 ///   answer yes|no  how questions are answered from here on
 ///
 /// Message boxes are answered as they come and printed to standard error as "box: [title] text".

@@ -1,0 +1,121 @@
+// SPDX-FileCopyrightText: 2026 The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#include "bench/worksheetactions.h"
+
+#include "bench/bareengine.h"
+#include "bench/timing.h"
+#include "db/basdatabase.h"
+#include "layout/mainlayout.h"
+#include "shortlist/topnframe.h"
+#include "worksheet/worksheetframe.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QMessageBox>
+#include <QTimer>
+
+#include <cstdio>
+
+namespace {
+
+constexpr int runs = 15;
+constexpr int shortlisted = 20;
+constexpr int ranked = 10;
+
+/// Both steps in a window of the large layout.
+class Steps
+{
+public:
+    Steps() : m_worksheet([this] { return m_topN.topNNames(); })
+    {
+        m_topN.setParent(&m_window);
+        m_topN.setTopN(QString::number(ranked));
+        m_topN.setMaxSelect(QString::number(shortlisted));
+        m_worksheet.setParent(&m_window);
+        m_worksheet.setTopN(QString::number(ranked));
+        layout::place(m_window, layout::mainWindowPlacements(layout::ScreenClass::Large));
+        m_window.resize(987, 700);
+        m_window.show();
+        QObject::connect(&m_topN, &shortlist::TopNFrame::nextRequested, &m_window,
+                         [this] { m_worksheet.DisplayInitialRecord(); });
+    }
+
+    void open()
+    {
+        m_topN.CheckResultTable();
+        QCoreApplication::processEvents(); // paints
+    }
+
+    /// Clicks a button, and the one in the message box that says that all is saved.
+    void save(const char *button)
+    {
+        QTimer::singleShot(0, &m_window, [] {
+            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            box->buttons().first()->click();
+        });
+        m_window.findChild<QAbstractButton *>(QLatin1String(button))->click();
+        QCoreApplication::processEvents();
+    }
+
+private:
+    QWidget m_window;
+    shortlist::TopNFrame m_topN;
+    worksheet::WorksheetFrame m_worksheet;
+};
+
+void fillTables()
+{
+    const auto run = [](const QString &sql) { basDatabase::ExecuteSQL(sql); };
+    run(QStringLiteral("delete from tblresult"));
+    run(QStringLiteral("delete from tbltopn"));
+    run(QStringLiteral("delete from tblinitial"));
+    run(QStringLiteral("insert into tblresult(name_desc, name_orgid, name_sex, name_meaning, "
+                       "name_first, name_select) select top %1 name_desc, org_desc, name_sex, "
+                       "meaning_name, name_first, 'Y' from tblmaster, tblmeaning, tblorg where "
+                       "name_mid = meaning_id and name_orgid = org_id order by name_desc, "
+                       "name_sex, org_desc, meaning_name")
+            .arg(shortlisted));
+    auto names = basDatabase::OpenRecordset(QStringLiteral("select * from tblresult"));
+    for (const QString &rank : shortlist::ranksUpTo(QString::number(ranked))) {
+        run(shortlist::rankInsert({.name = names->text(u"name_desc"),
+                                   .origin = names->text(u"name_orgid"),
+                                   .sex = names->text(u"name_sex"),
+                                   .meaning = names->text(u"name_meaning"),
+                                   .rank = rank}));
+        names->moveNext();
+    }
+}
+
+void report(const char *name, const BareEngine &bare, const timing::Action &action)
+{
+    QByteArrayList statements;
+    basDatabase::WatchStatements([&](const QString &sql) { statements.append(sql.toUtf8()); });
+    action();
+    basDatabase::WatchStatements({});
+    const auto [ours, theirs] = timing::mediansOf(runs, action, [&] {
+        for (const QByteArray &sql : statements)
+            bare.fetch(sql);
+    });
+    std::printf("%9d  %-24s %10.0f %10.0f %7.2f\n", shortlisted, name, ours, theirs,
+                ours / theirs);
+}
+
+} // namespace
+
+void benchWorksheet(const BareEngine &bare)
+{
+    fillTables();
+    Steps steps;
+    report("open the ranking", bare, [&] { steps.open(); });
+    for (const bool withSyncs : {true, false}) {
+        const QString synchronous = withSyncs ? QStringLiteral("full") : QStringLiteral("off");
+        basDatabase::ExecuteSQL(u"pragma synchronous = " % synchronous);
+        bare.fetch("pragma synchronous = " + synchronous.toUtf8());
+        report(withSyncs ? "save the ranking" : "ranking, no disk syncs", bare,
+               [&] { steps.save("cmdSaveTopN"); });
+        report(withSyncs ? "save the full names" : "full names, no syncs", bare,
+               [&] { steps.save("cmdSaveInitial"); });
+    }
+    basDatabase::ExecuteSQL(QStringLiteral("pragma synchronous = full"));
+}
