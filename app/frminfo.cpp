@@ -27,8 +27,7 @@ frmInfo::frmInfo()
       m_search(new search::SearchFrame), m_worksheetNote(new QLabel),
       m_topN(new shortlist::TopNFrame),
       m_worksheet(new worksheet::WorksheetFrame([this] { return m_topN->topNNames(); })),
-      m_about(new AboutFrame),
-      m_helpKey(new QShortcut(Qt::Key_F1, this))
+      m_about(new AboutFrame), m_helpKey(new QShortcut(Qt::Key_F1, this))
 {
     setObjectName(QStringLiteral("frmInfo"));
     setWindowTitle(QStringLiteral("Tovarin Names Dictionary"));
@@ -150,8 +149,7 @@ void frmInfo::load()
     basDatabase::OpenDatabase();
     m_search->InitialiseOrigin();
     m_search->InitialiseOptions();
-    const QString topN =
-        QString::number(basDatabase::NumericValue(basDatabase::Setting(u"topn")));
+    const QString topN = QString::number(basDatabase::NumericValue(basDatabase::Setting(u"topn")));
     m_topN->setTopN(topN);
     m_worksheet->setTopN(topN);
     m_search->InitialiseAlphabet();

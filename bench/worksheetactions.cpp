@@ -97,8 +97,7 @@ void report(const char *name, const BareEngine &bare, const timing::Action &acti
         for (const QByteArray &sql : statements)
             bare.fetch(sql);
     });
-    std::printf("%9d  %-24s %10.0f %10.0f %7.2f\n", shortlisted, name, ours, theirs,
-                ours / theirs);
+    std::printf("%9d  %-24s %10.0f %10.0f %7.2f\n", shortlisted, name, ours, theirs, ours / theirs);
 }
 
 } // namespace

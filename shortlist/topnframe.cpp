@@ -22,8 +22,7 @@ constexpr int rankWidthBesideScrollBar = 750;
 
 } // namespace
 
-TopNFrame::TopNFrame(QWidget *parent)
-    : QWidget(parent), m_ui(std::make_unique<Ui::TopNFrame>())
+TopNFrame::TopNFrame(QWidget *parent) : QWidget(parent), m_ui(std::make_unique<Ui::TopNFrame>())
 {
     m_ui->setupUi(this);
     m_previous = {.grid = m_ui->msfPrevTopN,
@@ -151,8 +150,7 @@ void TopNFrame::SetRankWidth(const Ranks &ranks) const
     ranks.grid->setColumnPixelWidth(
         ranks.column,
         layout::pixelsFromTwips(isBesideScrollBar ? rankWidthBesideScrollBar : rankWidth));
-    layout::makeRoomForStretchColumn(*ranks.grid, MeaningColumn, {NameColumn, OriginColumn},
-                                     0.32);
+    layout::makeRoomForStretchColumn(*ranks.grid, MeaningColumn, {NameColumn, OriginColumn}, 0.32);
 }
 
 bool TopNFrame::CheckPreviousTopNExist(const QString &inpName, const QString &inpSex,

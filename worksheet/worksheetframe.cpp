@@ -57,8 +57,7 @@ bool WorksheetFrame::DisplayInitialRecord()
                          .initials = records->text(u"init_desc")});
     for (const QString &name : m_topNNames()) {
         if (basDatabase::GetFieldValue(savedFirstNameQuery(name)).isEmpty())
-            names.push_back(
-                {.first = name, .initials = basDatabase::QuoteSQL(firstLetter(name))});
+            names.push_back({.first = name, .initials = basDatabase::QuoteSQL(firstLetter(name))});
     }
 
     grid::FlexGrid &page = *m_ui->msfInitial;
@@ -68,9 +67,8 @@ bool WorksheetFrame::DisplayInitialRecord()
         page.setColumnCount(FullNameColumnCount);
         page.setRowCount(1);
         page.setColumnPixelWidth(TopNColumn, 1);
-        layout::makeRoomForStretchColumn(page, LastColumn,
-                                         {FirstColumn, MiddleColumn, OtherColumn, InitialsColumn},
-                                         0.2);
+        layout::makeRoomForStretchColumn(
+            page, LastColumn, {FirstColumn, MiddleColumn, OtherColumn, InitialsColumn}, 0.2);
         for (const FullName &name : names)
             addRow(name);
         addRow({});
@@ -127,8 +125,7 @@ void WorksheetFrame::finishEdit(int row, int column)
             refuseEdit(row, column);
             return;
         }
-        page.setText(row, InitialsColumn,
-                     initials(name.first, name.middle, name.last, name.other));
+        page.setText(row, InitialsColumn, initials(name.first, name.middle, name.last, name.other));
         if (page.text(row, column) != m_cellOldText)
             m_recordChanged = true;
     }

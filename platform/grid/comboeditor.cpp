@@ -20,7 +20,8 @@ ComboEditor::ComboEditor(const QStringList &items, const QString &cellText, QWid
                             + view()->verticalScrollBar()->sizeHint().width());
     view()->installEventFilter(this);
     view()->parentWidget()->installEventFilter(this);
-    connect(this, &QComboBox::activated, this, [this] { Q_EMIT finished(true, QAbstractItemDelegate::NoHint); });
+    connect(this, &QComboBox::activated, this,
+            [this] { Q_EMIT finished(true, QAbstractItemDelegate::NoHint); });
 }
 
 void ComboEditor::open(const QString &typed)

@@ -205,11 +205,11 @@ QString rankingScript(std::mt19937 &random, int saves)
     script += QStringLiteral("click cmdSave;");
     for (int i = 0; i < saves; ++i) {
         for (int change = 0; change < 4; ++change)
-            script += QStringLiteral("pick %1 %2 %3;")
-                          .arg(random() % 4 ? QStringLiteral("msfResult")
-                                            : QStringLiteral("msfPrevTopN"))
-                          .arg(random() % 12)
-                          .arg(random() % 12);
+            script +=
+                QStringLiteral("pick %1 %2 %3;")
+                    .arg(random() % 4 ? QStringLiteral("msfResult") : QStringLiteral("msfPrevTopN"))
+                    .arg(random() % 12)
+                    .arg(random() % 12);
         script += QStringLiteral("rows msfPrevTopN;rows msfResult;click cmdSaveTopN;"
                                  "rows msfInitial;click cmdSaveInitial;click cmdBack;");
     }
@@ -288,8 +288,8 @@ private Q_SLOTS:
                 QVERIFY2(worksheet.ranking.canBe(ranking), qPrintable(ranking.join(u'\n')));
                 const QStringList fullNames = file.fullNames();
                 QVERIFY2(worksheet.canHaveFullNames(fullNames), qPrintable(fullNames.join(u'\n')));
-                inBetween += ranking != worksheet.ranking.saved
-                             || fullNames != worksheet.fullNames.saved;
+                inBetween +=
+                    ranking != worksheet.ranking.saved || fullNames != worksheet.fullNames.saved;
                 worksheet.ranking = {.saved = ranking};
                 worksheet.fullNames = {.saved = fullNames};
             }

@@ -497,11 +497,39 @@ private Q_SLOTS:
         QCOMPARE(selected({}), 2);
         QCOMPARE(selected(QStringLiteral("ad")), 4);
         QCOMPARE(selected(QStringLiteral("q")), 4);
+        // What is typed in the list goes on from what has opened it.
+        grid().editCell(QStringLiteral("a"));
+        QTest::keyClicks(m_window->list(), QStringLiteral("dv"));
+        m_window->clickCell(1, 0);
+        QTRY_COMPARE(grid().text(2, 1), QStringLiteral("adverb"));
         grid().setText(2, 1, QStringLiteral("not in the list"));
         QCOMPARE(selected({}), -1);
         QCOMPARE(grid().text(2, 1), QStringLiteral("not in the list"));
         grid().setText(2, 1, {});
         QCOMPARE(selected({}), 0);
+    }
+
+    void tabGoesOnToTheNextShownColumn()
+    {
+        const auto leave = [this](const char16_t *list, Qt::Key key) {
+            grid().setComboList(QString::fromUtf16(list));
+            grid().editCell();
+            keys({key})(*m_window);
+            return grid().currentCol();
+        };
+        grid().setColumnPixelWidth(1, 1);
+        grid().setCurrentCell(2, 0);
+        for (const char16_t *list : {u"", u"go|red"}) {
+            QCOMPARE(leave(list, Qt::Key_Backtab), 0);
+            QCOMPARE(leave(list, Qt::Key_Tab), 2);
+            QCOMPARE(leave(list, Qt::Key_Tab), 2);
+            QCOMPARE(leave(list, Qt::Key_Return), 2);
+            QCOMPARE(leave(list, Qt::Key_Backtab), 0);
+        }
+        // Not if somebody else has moved the current cell.
+        connect(&grid(), &FlexGrid::afterEdit, this, [this] { grid().setCurrentCell(3, 0); });
+        QCOMPARE(leave(u"", Qt::Key_Tab), 0);
+        QCOMPARE(grid().currentRow(), 3);
     }
 
     void anOpenEditDiesQuietlyWithItsGrid()

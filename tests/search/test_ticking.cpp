@@ -142,19 +142,19 @@ private Q_SLOTS:
         basDatabase::ExecuteSQL(QStringLiteral("insert into tblresult(name_desc) values('Old')"));
         const QStringList before = shortlist();
         tab.click("cmdSave");
-        QCOMPARE(reader.take(),
-                 std::vector {information(QStringLiteral("Warning"), QStringLiteral("No record found!"))});
+        QCOMPARE(reader.take(), std::vector {information(QStringLiteral("Warning"),
+                                                         QStringLiteral("No record found!"))});
         tab.click("cmdSearch");
         tab.click("cmdSave");
-        QCOMPARE(reader.take(),
-                 std::vector {information(QStringLiteral("Warning"), QStringLiteral("No record selected!"))});
+        QCOMPARE(reader.take(), std::vector {information(QStringLiteral("Warning"),
+                                                         QStringLiteral("No record selected!"))});
         // An empty page comes first, however many names are ticked elsewhere.
         tab.clickCell(1, search::TickColumn);
         tab.choose(search::SearchCriteria {.name = QStringLiteral("nobody")});
         tab.click("cmdSearch");
         tab.click("cmdSave");
-        QCOMPARE(reader.take(),
-                 std::vector {information(QStringLiteral("Warning"), QStringLiteral("No record found!"))});
+        QCOMPARE(reader.take(), std::vector {information(QStringLiteral("Warning"),
+                                                         QStringLiteral("No record found!"))});
         QCOMPARE(shortlist(), before);
         QCOMPARE(saved.size(), 0);
     }
@@ -174,7 +174,8 @@ private Q_SLOTS:
         QStringList statements;
         basDatabase::WatchStatements([&](const QString &sql) { statements.append(sql); });
         tab.click("cmdSave");
-        const Box done = information(QStringLiteral("Tovarin"), QStringLiteral("Record selected saved!"));
+        const Box done =
+            information(QStringLiteral("Tovarin"), QStringLiteral("Record selected saved!"));
         QCOMPARE(reader.take(), std::vector {done});
         QCOMPARE(saved.size(), 1);
         QCOMPARE(
@@ -197,7 +198,8 @@ private Q_SLOTS:
             QStringLiteral("Warning: You have selected more than 2 names.\r\n"
                            "Please limit your choices to less than or equal 2 otherwise\r\n"
                            "you will have too many names to choose from.");
-        QCOMPARE(reader.take(), (std::vector {information(QStringLiteral("Title 1.2"), advice), done}));
+        QCOMPARE(reader.take(),
+                 (std::vector {information(QStringLiteral("Title 1.2"), advice), done}));
         QCOMPARE(shortlist().size(), 3);
         QCOMPARE(saved.size(), 2);
     }

@@ -106,8 +106,8 @@ private Q_SLOTS:
         for (char letter = 'A'; letter <= 'P'; ++letter) {
             names.append(QLatin1Char(letter) % QStringLiteral("|B|Irish|one"));
             if (letter < 'M')
-                ranks.append(QString::number(letter - 'A' + 10)
-                             % u"|R" % QLatin1Char(letter) % u"|B|Irish|one");
+                ranks.append(QString::number(letter - 'A' + 10) % u"|R" % QLatin1Char(letter)
+                             % u"|B|Irish|one");
         }
         TopNStep step(names, ranks);
         const auto width = [](const grid::FlexGrid &page, int column) {
@@ -253,15 +253,16 @@ private Q_SLOTS:
         const QString insert = QStringLiteral("insert into tbltopn(t10_id, t10_name, t10_orgid, "
                                               "t10_sex, t10_mid) values(");
         QCOMPARE(statements.first(4).join(u'\n'),
-                 QString(u"delete from tbltopn\n" % insert % u"'01', 'Anna', 'Irish', 'G', "
-                         u"'wealth') \n" % insert % u"'03', 'Noah', 'Hebrew', 'B', 'rest') \n"
-                         % insert % u"'02', 'O''Neil', 'Côte d''Or', 'B', 'champion of the "
-                         u"horses') "));
+                 QString(u"delete from tbltopn\n" % insert
+                         % u"'01', 'Anna', 'Irish', 'G', "
+                           u"'wealth') \n"
+                         % insert % u"'03', 'Noah', 'Hebrew', 'B', 'rest') \n" % insert
+                         % u"'02', 'O''Neil', 'Côte d''Or', 'B', 'champion of the "
+                           u"horses') "));
         QCOMPARE(rows(step.previous()).size(), 3);
         QCOMPARE(rows(step.previous()).at(1),
                  QStringLiteral("2|O'Neil|B|Côte d'Or|champion of the horses|02"));
-        QCOMPARE(rows(step.result()),
-                 lines("1|Anna|G|Hebrew|grace|A|--\n2|Zoë|G|Greek|life|Z|--"));
+        QCOMPARE(rows(step.result()), lines("1|Anna|G|Hebrew|grace|A|--\n2|Zoë|G|Greek|life|Z|--"));
         QCOMPARE(step.freeRanks().first(), QStringLiteral("04"));
         QCOMPARE(step.next.size(), 1);
         step.goOn();
@@ -271,8 +272,9 @@ private Q_SLOTS:
     void save_removesTheFullNamesOfUnrankedNames()
     {
         BoxReader reader;
-        const TopNStep step(someNames, lines("01|Anna|G|Irish|wealth\n02|Noah|B|Hebrew|rest\n"
-                                             "03|O'Neil|B|Côte d'Or|champion\n04|Eva|G|Hebrew|life"));
+        const TopNStep step(someNames,
+                            lines("01|Anna|G|Irish|wealth\n02|Noah|B|Hebrew|rest\n"
+                                  "03|O'Neil|B|Côte d'Or|champion\n04|Eva|G|Hebrew|life"));
         for (const char *first : {"Anna", "Noah", "O''Neil", "Eva"})
             basDatabase::ExecuteSQL(u"insert into tblinitial(init_first) values('"
                                     % QLatin1String(first) % u"')");
@@ -338,8 +340,7 @@ private Q_SLOTS:
             other.execute(QStringLiteral("begin immediate"));
         } else {
             // The last row then fails.
-            basDatabase::ExecuteSQL(
-                QStringLiteral("create unique index full on tbltopn(t10_sex)"));
+            basDatabase::ExecuteSQL(QStringLiteral("create unique index full on tbltopn(t10_sex)"));
         }
         step.save();
         QCOMPARE(reader.boxes().size(), std::size_t(1));

@@ -61,7 +61,8 @@ void type(grid::FlexGrid &page, const QString &text)
 {
     for (const QChar character : text) {
         const QComboBox *combo = openCombo(page);
-        QWidget *target = combo ? static_cast<QWidget *>(combo->view()) : page.window()->focusWidget();
+        QWidget *target =
+            combo ? static_cast<QWidget *>(combo->view()) : page.window()->focusWidget();
         const Qt::Key key = character == u'\t'     ? Qt::Key_Tab
                             : character == u'\n'   ? Qt::Key_Return
                             : character == u'\x1b' ? Qt::Key_Escape
