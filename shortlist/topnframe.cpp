@@ -177,15 +177,9 @@ void TopNFrame::startEdit(const Ranks &ranks, const QString &typed)
 
 void TopNFrame::prepareEdit(Ranks &ranks, int row, int column)
 {
-    ranks.oldValue.clear();
-    if (column != ranks.column) {
-        ranks.grid->setComboList({});
-        return;
-    }
-    const QString value = ranks.grid->text(row, column);
-    if (!m_topNChanged)
-        ranks.oldValue = value;
-    ranks.grid->setComboList(GetTopNList(ranks.offersNone, value));
+    const bool isRank = column == ranks.column;
+    ranks.oldValue = ranks.grid->text(row, column);
+    ranks.grid->setComboList(isRank ? GetTopNList(ranks.offersNone, ranks.oldValue) : QString());
 }
 
 void TopNFrame::finishEdit(Ranks &ranks, int row)

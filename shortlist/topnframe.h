@@ -67,7 +67,7 @@ private:
         int column = 0;          ///< of the ranks
         int rowsThatScroll = 0;  ///< with so many, the header included, there is a scroll bar
         bool offersNone = false; ///< whether a name can lose its rank here
-        QString oldValue {};     ///< what the cell held before its edit, if nothing was unsaved yet
+        QString oldValue {};     ///< what the edited cell held before
     };
 
     void setUpRanks(Ranks &ranks);

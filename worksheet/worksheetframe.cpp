@@ -97,9 +97,8 @@ void WorksheetFrame::startEdit(const QString &typed)
 void WorksheetFrame::prepareEdit(int row, int column)
 {
     grid::FlexGrid &page = *m_ui->msfInitial;
-    const QString text = page.text(row, column);
-    m_cellOldText = m_recordChanged ? QString() : text;
-    page.setComboList(column == FirstColumn ? GetInitialiseList(true, text) : QString());
+    m_cellOldText = page.text(row, column);
+    page.setComboList(column == FirstColumn ? GetInitialiseList(true, m_cellOldText) : QString());
 }
 
 QString WorksheetFrame::GetInitialiseList(bool addBlank, const QString &current) const

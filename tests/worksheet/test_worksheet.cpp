@@ -307,7 +307,6 @@ private Q_SLOTS:
         // The second row then fails.
         basDatabase::ExecuteSQL(
             QStringLiteral("create unique index full on tblinitial(init_third)"));
-        step.type("Ann\n");
         const QStringList shown = step.rows();
         step.click("cmdSaveInitial");
         QCOMPARE(reader.boxes().size(), std::size_t(1));
@@ -318,7 +317,7 @@ private Q_SLOTS:
         basDatabase::ExecuteSQL(QStringLiteral("drop index full"));
         step.click("cmdSaveInitial");
         QCOMPARE(reader.take(), std::vector {saved});
-        QCOMPARE(savedRows(), lines("Anna|Ann|||AA\nBea||||B"));
+        QCOMPARE(savedRows(), lines("Anna||||A\nBea||||B"));
     }
 };
 
