@@ -78,15 +78,6 @@ private Q_SLOTS:
         QVERIFY(step.result().isColumnHidden(5));
     }
 
-    void opening_withoutNames_opensNothing()
-    {
-        TopNStep step({}, {});
-        QCOMPARE(step.opened.size(), 0);
-        TopNStep::writeShortlist(someNames);
-        step.frame.CheckResultTable();
-        QCOMPARE(step.opened.size(), 1);
-    }
-
     void nulls_areEmptyAndEmptyRanksAreKept()
     {
         const TopNStep step({}, {QStringLiteral("05|Noah|B|Hebrew|rest")});
@@ -171,23 +162,6 @@ private Q_SLOTS:
         QCOMPARE(step.next.size(), 0);
     }
 
-    void onlyAnotherRank_isAChange()
-    {
-        BoxReader reader;
-        const TopNStep step(someNames, someRanks);
-        clickCell(step.result(), 1, rank);
-        support::type(step.result(), QStringLiteral("\x1b"));
-        clickCell(step.previous(), 1, previousRank);
-        choose(step.previous(), int(offered(step.previous()).size()) - 1);
-        step.goOn();
-        QCOMPARE(step.next.size(), 1);
-        clickCell(step.result(), 1, rank);
-        choose(step.result(), 0);
-        step.goOn();
-        QCOMPARE(reader.take(), std::vector {unsaved()});
-        QCOMPARE(step.next.size(), 1);
-    }
-
     void freeRank_goesToTheCurrentName()
     {
         BoxReader reader;
@@ -216,14 +190,6 @@ private Q_SLOTS:
         step.clickFreeRank(int(step.freeRanks().indexOf(shortlist::noRank)));
         QCOMPARE(step.result().text(1, rank), shortlist::noRank);
         QCOMPARE(reader.boxes().size(), std::size_t(0));
-    }
-
-    void freeRank_withoutANameToTakeIt_staysFree()
-    {
-        const TopNStep step({}, someRanks);
-        QCOMPARE(step.result().rowCount(), 1);
-        step.clickFreeRank(0);
-        QCOMPARE(step.freeRanks(), lines("02\n04\n05\n06\n07\n08\n09\n10"));
     }
 
     void keys_openTheListAndFindARank()

@@ -174,10 +174,14 @@ class TestRankingWalk : public QObject
 
     void clickFreeRank(const TopNStep &step, Model &model)
     {
-        if (model.freeRanks.isEmpty() || model.result.empty())
+        if (model.freeRanks.isEmpty())
             return;
-        const auto index = std::size_t(below(qsizetype(model.result.size())));
         const int place = below(model.freeRanks.size());
+        if (model.result.empty()) {
+            step.clickFreeRank(place); // with nobody to take it
+            return;
+        }
+        const auto index = std::size_t(below(qsizetype(model.result.size())));
         support::clickCell(step.result(), int(index) + 1, 1);
         step.clickFreeRank(place);
         model.takeFreeRank(index, place);
