@@ -45,6 +45,8 @@ public:
         QWidget *main = window("frmInfo");
         showPage(main, 0, "dhtmThings", "things");
         showPage(main, 1, "dhtmPopular", "popular");
+        tabs(main)->setCurrentIndex(3);
+        takePicture(main, "no-shortlist");
         search(main);
         save(main);
         rank(main);

@@ -212,7 +212,7 @@ private Q_SLOTS:
         QCOMPARE(tabs->currentIndex(), 5);
     }
 
-    void searchTab_leafsFromTheTabStripAndLeadsToTheWorksheet()
+    void searchTab_leafsFromTheTabStrip()
     {
         std::vector<dictionary::Entry> entries;
         for (int i = 0; i < 101; ++i)
@@ -223,23 +223,12 @@ private Q_SLOTS:
         window.show();
         auto *tabs = window.findChild<QTabWidget *>(QStringLiteral("tabInfo"));
         auto *label = window.findChild<QLabel *>(QStringLiteral("lblPage"));
-        const auto click = [&window](const QString &button) {
-            window.findChild<QPushButton *>(button)->click();
-        };
         tabs->setCurrentIndex(2);
-        click(QStringLiteral("cmdSearch"));
+        window.findChild<QPushButton *>(QStringLiteral("cmdSearch"))->click();
         for (const int page : {2, 2, 1}) {
             QTest::keyClick(tabs->tabBar(), page == 1 ? Qt::Key_PageUp : Qt::Key_PageDown);
             QCOMPARE(label->text(), QStringLiteral("Page %1 of 2").arg(page));
         }
-        auto *grid = window.findChild<grid::FlexGrid *>(QStringLiteral("msSearchList"));
-        Q_EMIT grid->cellClicked(1, search::TickColumn);
-        BoxReader reader;
-        click(QStringLiteral("cmdSave"));
-        QCOMPARE(reader.boxes().size(), std::size_t(1));
-        QCOMPARE(tabs->currentIndex(), 3);
-        QCOMPARE(window.findChild<QLabel *>(QStringLiteral("lblTopNNote"))->text(),
-                 QStringLiteral("Select your top 10 choices"));
     }
 
     void worksheetTab_withoutAShortlist_saysWhatToDo()
