@@ -117,7 +117,6 @@ void TopNFrame::DisplayPreviousRecords()
 void TopNFrame::DisplayResultRecords()
 {
     m_topNChanged = false;
-    m_result.oldValue.clear();
     m_movedDown.clear();
     grid::FlexGrid &page = *m_result.grid;
     {

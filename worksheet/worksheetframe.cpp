@@ -45,7 +45,6 @@ void WorksheetFrame::setTopN(const QString &topN)
 bool WorksheetFrame::DisplayInitialRecord()
 {
     m_recordChanged = false;
-    m_cellOldText.clear();
     // Everything is read before the grid changes: reading may open message boxes.
     std::vector<FullName> names;
     auto records = basDatabase::OpenRecordset(QStringLiteral("select * from tblinitial "));

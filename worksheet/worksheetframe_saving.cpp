@@ -35,7 +35,6 @@ bool WorksheetFrame::ErrorFreeInitial()
     }
     if (!hasName) {
         m_recordChanged = false;
-        m_cellOldText.clear();
         return warn(QStringLiteral("No record selected!"));
     }
     if (hasGap) {
