@@ -8,8 +8,11 @@
 #include "layout/mainlayout.h"
 #include "platform/browser/browserpane.h"
 #include "platform/dialogs/messagebox.h"
+#include "platform/dialogs/waitcursor.h"
 #include "reports/aboutframe.h"
+#include "reports/frmprinttopn.h"
 #include "reports/pagefiles.h"
+#include "reports/reportdata.h"
 #include "search/searchframe.h"
 #include "shortlist/topnframe.h"
 #include "worksheet/worksheetframe.h"
@@ -39,6 +42,8 @@ frmInfo::frmInfo()
     load();
     connect(m_tabs, &QTabWidget::currentChanged, this, &frmInfo::tabClicked);
 }
+
+frmInfo::~frmInfo() = default;
 
 void frmInfo::setUpTabs()
 {
@@ -124,6 +129,12 @@ void frmInfo::setUpSteps()
         showStep(m_worksheet);
         m_worksheet->setFocus();
     });
+    connect(m_topN, &shortlist::TopNFrame::printRequested, this, [this] {
+        if (reports::FillTempTopN(m_topNText))
+            showReport(PrintReportType::TopN);
+    });
+    connect(m_worksheet, &worksheet::WorksheetFrame::printRequested, this,
+            [this] { showReport(PrintReportType::Initial); });
     connect(m_worksheet, &worksheet::WorksheetFrame::backRequested, this, [this] {
         showStep(m_topN);
         m_topN->setFocus();
@@ -142,6 +153,14 @@ void frmInfo::showStep(QWidget *step)
     }
 }
 
+void frmInfo::showReport(PrintReportType printReportType)
+{
+    const dialogs::WaitCursor wait;
+    if (!m_report)
+        m_report = std::make_unique<frmPrintTopN>();
+    m_report->showReport(printReportType, m_topNText);
+}
+
 void frmInfo::load()
 {
     m_search->InitialiseNameCondition();
@@ -149,9 +168,9 @@ void frmInfo::load()
     basDatabase::OpenDatabase();
     m_search->InitialiseOrigin();
     m_search->InitialiseOptions();
-    const QString topN = QString::number(basDatabase::NumericValue(basDatabase::Setting(u"topn")));
-    m_topN->setTopN(topN);
-    m_worksheet->setTopN(topN);
+    m_topNText = QString::number(basDatabase::NumericValue(basDatabase::Setting(u"topn")));
+    m_topN->setTopN(m_topNText);
+    m_worksheet->setTopN(m_topNText);
     m_search->InitialiseAlphabet();
     const QString maxSelect = basDatabase::Setting(u"maxselect");
     m_search->setMaxSelect(maxSelect);

@@ -6,11 +6,14 @@
 #include <QWidget>
 
 #include <array>
+#include <memory>
 
 class AboutFrame;
+class frmPrintTopN;
 class QLabel;
 class QShortcut;
 class QTabWidget;
+enum class PrintReportType;
 
 namespace browser {
 class BrowserPane;
@@ -37,6 +40,7 @@ public:
     /// Opens the database, which then stays open until the window is closed.
     /// @throws ProgramEnd if it can't be opened
     frmInfo();
+    ~frmInfo() override;
 
 Q_SIGNALS:
     void helpRequested();
@@ -61,6 +65,7 @@ private:
     QWidget *makeWorksheetFrame();
     void setUpSteps();
     void showStep(QWidget *step);
+    void showReport(PrintReportType printReportType);
     void load();
     void tabClicked();
     QString selectedKey() const;
@@ -75,4 +80,6 @@ private:
     worksheet::WorksheetFrame *m_worksheet;
     AboutFrame *m_about;
     QShortcut *m_helpKey;
+    std::unique_ptr<frmPrintTopN> m_report; ///< made when first asked for
+    QString m_topNText;                     ///< how many names are ranked
 };

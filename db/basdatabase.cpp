@@ -22,6 +22,7 @@ namespace {
 std::unique_ptr<dbaccess::Connection> cnDatabase;
 QString strConnect;
 QString strPassword;
+QString lastErrorText;
 std::function<void(const QString &)> statementObserver;
 
 dbaccess::Connection &connection()
@@ -62,7 +63,8 @@ bool OpenDatabase()
             endProgram(QStringLiteral("Database is corrupted!"));
         strConnect = ConnectionText(strPassword);
         connection().open(strConnect);
-        connection().makePrivate(QStringLiteral("tbltemp"));
+        for (const char *scratchTable : {"tbltemp", "TEMPTOPN"})
+            connection().makePrivate(QLatin1String(scratchTable));
         return true;
     } catch (const dbaccess::EngineError &) {
         endProgram(QStringLiteral("Failed to connect database!"));
@@ -101,9 +103,15 @@ bool ExecuteSQL(const QString &inpSQL)
         connection().execute(inpSQL);
         return true;
     } catch (const dbaccess::EngineError &error) {
+        lastErrorText = QString::number(error.number()) % u" : " % error.message();
         showError(error.message());
         return false;
     }
+}
+
+QString LastErrorText()
+{
+    return lastErrorText;
 }
 
 QString QuoteSQL(const QString &inpText, QChar inpFind, const QString &inpInsert)

@@ -36,6 +36,10 @@ QString GetFieldValue(const QString &inpSQL);
 /// Runs a statement that changes something; true on success.
 bool ExecuteSQL(const QString &inpSQL);
 
+/// What the last failing statement of ExecuteSQL was told, as "number : description", the number
+/// being the engine's own.
+QString LastErrorText();
+
 /// The text with inpInsert before every inpFind. Called with an apostrophe for both it doubles
 /// the apostrophes, as every text in an SQL literal needs: O'Neil gives O''Neil.
 QString QuoteSQL(const QString &inpText, QChar inpFind, const QString &inpInsert);

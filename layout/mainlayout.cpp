@@ -78,6 +78,7 @@ constexpr Placement designed[] = {
     {"lblTopNList", 9720, 3180, 1540, 300},
     {"lstTopNList", 9720, 3495, 1540, 2505},
     {"lblTopNHint", 0, 6090, 11260, 600},
+    {"cmdPrintTopN", 6600, 6780, 1530, 360},
     {"cmdSaveTopN", 8280, 6780, 1380, 360},
     {"cmdNext", 9810, 6780, 1450, 360},
 
@@ -85,6 +86,7 @@ constexpr Placement designed[] = {
     {"lblInitial", 0, 0, 4500, 330},
     {"msfInitial", 0, 375, 11260, 5625},
     {"lblInitialHint", 0, 6090, 11260, 600},
+    {"cmdPrintInitial", 6600, 6780, 1530, 360},
     {"cmdBack", 8280, 6780, 1450, 360},
     {"cmdSaveInitial", 9880, 6780, 1380, 360},
 
@@ -178,9 +180,11 @@ constexpr Change large[] = {
     {"lblTopNHint", keep, grownBy(2000), widthOf("fraTopN"), keep},
     {"cmdSaveTopN", fixedAt(11570), grownBy(2100), keep, keep},
     {"cmdNext", fixedAt(13100), topOf("cmdSaveTopN"), keep, keep},
+    {"cmdPrintTopN", fixedAt(9890), topOf("cmdSaveTopN"), keep, keep},
 
     {"fraInitial", keep, keep, widthOf("dhtmThings"), heightOf("dhtmThings", -600)},
     {"lblInitialHint", fixedAt(11560), fixedAt(375), fixedAt(3000), fixedAt(5000)},
+    {"cmdPrintInitial", keep, fixedAt(6120), keep, keep},
     {"cmdBack", keep, fixedAt(6120), keep, keep},
     {"cmdSaveInitial", keep, fixedAt(6120), keep, keep},
 
@@ -250,6 +254,7 @@ constexpr Change small[] = {
     at("lblTopNList", 7120, 2430, 1880, 330),
     at("lstTopNList", 7120, 2800, 1880, 2600),
     at("lblTopNHint", 0, 0, 0, 0),
+    at("cmdPrintTopN", 4350, 5460, 1530, 360),
     at("cmdSaveTopN", 6000, 5460, 1440, 360),
     at("cmdNext", 7560, 5460, 1440, 360),
 
@@ -259,6 +264,7 @@ constexpr Change small[] = {
     at("lblInitialHint", 0, 405, 9000, 570),
     at("cmdBack", 7120, 1000, 1880, 360),
     at("cmdSaveInitial", 7120, 1470, 1880, 360),
+    at("cmdPrintInitial", 7120, 1940, 1880, 360),
     at("lblVersion", 150, 60, 4200, 345),
     at("lblTerms", 4500, 60, 4500, 345),
     at("dhtmlAbout", 90, 420, 9000, 5170),

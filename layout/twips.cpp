@@ -28,4 +28,9 @@ int pixelsFromTwips(int twips)
     return static_cast<int>(std::lround(twips * dotsPerInch() / twipsPerInch));
 }
 
+QSize pixelsFromTwips(QSize twips)
+{
+    return {pixelsFromTwips(twips.width()), pixelsFromTwips(twips.height())};
+}
+
 } // namespace layout

@@ -14,5 +14,5 @@ frmTerms::frmTerms()
     auto *ok = new QPushButton(QStringLiteral("OK"), this);
     ok->setObjectName(QStringLiteral("cmdOK"));
     connect(ok, &QPushButton::clicked, this, &QWidget::close);
-    addBelow(ok);
+    addBelow(ok, Qt::AlignRight);
 }

@@ -5,7 +5,7 @@
 
 #include <QString>
 
-/// The page files in the program's folder, each with the separator that leads to it.
+/// The page files, and the picture that goes with the reports, in the program's folder, each with the separator that leads to it.
 namespace pagefiles {
 
 inline constexpr QStringView things = u"\\things.htm";
@@ -13,6 +13,7 @@ inline constexpr QStringView popular = u"\\popular.htm";
 inline constexpr QStringView help = u"\\tovarinhelp.htm";
 inline constexpr QStringView terms = u"\\terms.htm";
 inline constexpr QStringView about = u"\\about.htm";
+inline constexpr QStringView logo = u"\\logocust.jpg"; ///< the picture over the reports
 
 /// Where a page file lies on this system.
 QString path(QStringView page);

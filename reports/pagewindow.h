@@ -3,15 +3,10 @@
 
 #pragma once
 
-#include <QWidget>
+#include "reports/panewindow.h"
 
-namespace browser {
-class BrowserPane;
-}
-
-/// A window of its own that shows one page file in its pane WebBrowser1, fitted to the screen and
-/// centred on it. Escape closes it.
-class PageWindow : public QWidget
+/// A window that shows one page file, fitted to the screen and centred on it.
+class PageWindow : public PaneWindow
 {
     Q_OBJECT
 
@@ -22,12 +17,6 @@ public:
 protected:
     PageWindow(const QString &name, const QString &title, QStringView pageFile);
 
-    /// Adds a control below the page.
-    void addBelow(QWidget *control);
-
-    void keyPressEvent(QKeyEvent *event) override;
-
 private:
-    browser::BrowserPane *m_page;
     QString m_pageFile;
 };

@@ -42,7 +42,14 @@ TopNFrame::TopNFrame(QWidget *parent) : QWidget(parent), m_ui(std::make_unique<U
         if (ErrorFreeTopN())
             UpdateTopNToDB();
     });
-    connect(m_ui->cmdNext, &QPushButton::clicked, this, &TopNFrame::goOn);
+    connect(m_ui->cmdNext, &QPushButton::clicked, this, [this] {
+        if (isSavedBefore(u"go to next step"))
+            Q_EMIT nextRequested();
+    });
+    connect(m_ui->cmdPrintTopN, &QPushButton::clicked, this, [this] {
+        if (isSavedBefore(u"print"))
+            Q_EMIT printRequested();
+    });
 }
 
 TopNFrame::~TopNFrame() = default;

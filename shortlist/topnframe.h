@@ -54,6 +54,8 @@ Q_SIGNALS:
     /// The user goes on to the full names; nothing is left unsaved but for ranks that were clicked
     /// in the list of free ranks.
     void nextRequested();
+    /// The user wants the ranking printed, and it is saved as far as that is checked for "next".
+    void printRequested();
 
 protected:
     /// Enter and Space in the list of free ranks do what a click does.
@@ -101,7 +103,9 @@ private:
     void UpdateTopNToDB();
     bool saveRanking();
     bool isNewlyUnranked(const RankedName &unranked) const;
-    void goOn();
+    /// Ends an open edit; true if the step counts as saved, else the user is told to save before
+    /// what they want to do.
+    bool isSavedBefore(QStringView action);
     QString topNTitle() const;
 
     std::unique_ptr<Ui::TopNFrame> m_ui;

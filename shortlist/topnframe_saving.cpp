@@ -83,14 +83,13 @@ bool TopNFrame::isNewlyUnranked(const RankedName &unranked) const
     return true;
 }
 
-void TopNFrame::goOn()
+bool TopNFrame::isSavedBefore(QStringView action)
 {
     commitEdits();
     if (m_topNChanged)
-        dialogs::showMessage(QStringLiteral("Record changed, please save before go to next step!"),
+        dialogs::showMessage(u"Record changed, please save before " % action % u'!',
                              dialogs::Icon::Information, topNTitle());
-    else
-        Q_EMIT nextRequested();
+    return !m_topNChanged;
 }
 
 QString TopNFrame::topNTitle() const

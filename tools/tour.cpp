@@ -4,7 +4,8 @@
 // tour PROGRAM-FOLDER PICTURE-FOLDER PREFIX
 //
 // Drives the program's own windows through a typical pass, as a person would with mouse and
-// keyboard, and leaves a picture of each step: PICTURE-FOLDER/PREFIX-01-splash.png and so on.
+// keyboard, and leaves a picture of each step: PICTURE-FOLDER/PREFIX-01-splash.png and so on, and
+// the two reports as PREFIX-ranking.pdf and PREFIX-full-names.pdf.
 
 #include "app/application.h"
 #include "app/program.h"
@@ -13,9 +14,13 @@
 #include "platform/grid/flexgrid.h"
 #include "search/resultgrid.h"
 
+#include <QDialogButtonBox>
 #include <QDir>
+#include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
+#include <QPrintDialog>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTabWidget>
@@ -79,6 +84,13 @@ private:
         return found;
     }
 
+    static void toFront(QWidget *shown)
+    {
+        shown->activateWindow();
+        if (!QTest::qWaitForWindowActive(shown))
+            fail(QStringLiteral("%1 does not come back to the front").arg(shown->objectName()));
+    }
+
     static QWidget *child(QWidget *parent, const char *name)
     {
         auto *found = parent->findChild<QWidget *>(QLatin1String(name));
@@ -92,7 +104,7 @@ private:
         return static_cast<QTabWidget *>(child(main, "tabInfo"));
     }
 
-    void takePicture(QWidget *widget, const char *name)
+    void takePicture(QWidget *widget, const QByteArray &name)
     {
         const QString file = QStringLiteral("%1-%2-%3.png")
                                  .arg(m_prefix)
@@ -195,10 +207,48 @@ private:
         takePicture(main, "full-names");
         answerQuestion(main, "full-names-saved", QMessageBox::Ok);
         QTest::mouseClick(child(main, "cmdSaveInitial"), Qt::LeftButton);
+        print(main, "cmdPrintInitial", "full-names");
         clickCell(main, "msfInitial", 3, 5);
         takePicture(main, "full-names-edit");
         QTest::mouseClick(child(main, "cmdBack"), Qt::LeftButton);
         takePicture(main, "ranking");
+        print(main, "cmdPrintTopN", "ranking");
+    }
+
+    /// Opens a report, presses the button in its page and keeps it as a PDF file.
+    void print(QWidget *main, const char *button, const char *name)
+    {
+        QTest::mouseClick(child(main, button), Qt::LeftButton);
+        QWidget *report = window("frmPrintTopN");
+        waitForPage(pane(report, "WebBrowser1"));
+        takePicture(report, QByteArray(name) + "-report");
+        QWidget *page = pane(report, "WebBrowser1")->focusWidget();
+        QTest::keyClick(page, Qt::Key_Tab);
+        QTest::keyClick(page, Qt::Key_Space);
+
+        QPrintDialog *dialog = nullptr;
+        const auto isOpen = [&dialog] {
+            dialog = qobject_cast<QPrintDialog *>(QApplication::activeModalWidget());
+            return dialog != nullptr;
+        };
+        if (!QTest::qWaitFor(isOpen))
+            fail(QStringLiteral("the print dialog does not open"));
+        const QString file =
+            QDir(m_pictures).absoluteFilePath(m_prefix % u'-' % QLatin1String(name) % u".pdf");
+        static_cast<QLineEdit *>(child(dialog, "filename"))->setText(file);
+        takePicture(dialog, QByteArray(name) + "-print-dialog");
+        dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok)->click();
+        const auto isSaved = [report] {
+            const auto *note = static_cast<QLabel *>(child(report, "lblPrintNote"));
+            return note->text().startsWith(u"The report is saved");
+        };
+        if (!QTest::qWaitFor(isSaved, pageTimeout))
+            fail(QStringLiteral("%1 is not written").arg(file));
+        takePicture(report, QByteArray(name) + "-printed");
+        toFront(report);
+        QTest::keyClick(page, Qt::Key_Escape);
+        if (report->isVisible())
+            fail(QStringLiteral("Escape does not close the report"));
     }
 
     static void clickCell(QWidget *main, const char *grid, int row, int column)
@@ -224,9 +274,7 @@ private:
         takePicture(terms, "terms");
         QTest::mouseClick(child(terms, "cmdOK"), Qt::LeftButton);
 
-        main->activateWindow();
-        if (!QTest::qWaitForWindowActive(main))
-            fail(QStringLiteral("the main window does not come back to the front"));
+        toFront(main);
         QTest::keyClick(main, Qt::Key_F1);
         QWidget *help = window("frmTovarinHelp");
         waitForPage(pane(help, "WebBrowser1"));

@@ -33,6 +33,7 @@ WorksheetFrame::WorksheetFrame(std::function<QStringList()> topNNames, QWidget *
             UpdateInitialToDB();
     });
     connect(m_ui->cmdBack, &QPushButton::clicked, this, &WorksheetFrame::goBack);
+    connect(m_ui->cmdPrintInitial, &QPushButton::clicked, this, &WorksheetFrame::print);
 }
 
 WorksheetFrame::~WorksheetFrame() = default;

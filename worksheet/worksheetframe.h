@@ -40,6 +40,8 @@ public:
 Q_SIGNALS:
     /// The user goes back to the ranking; what is unsaved stays on screen.
     void backRequested();
+    /// The user wants the saved full names printed; nothing is left unsaved.
+    void printRequested();
 
 private:
     void startEdit(const QString &typed);
@@ -58,6 +60,7 @@ private:
     void UpdateInitialToDB();
     bool saveRows();
     void goBack();
+    void print();
 
     std::unique_ptr<Ui::WorksheetFrame> m_ui;
     std::function<QStringList()> m_topNNames;

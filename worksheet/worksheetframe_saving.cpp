@@ -81,4 +81,15 @@ void WorksheetFrame::goBack()
         Q_EMIT backRequested();
 }
 
+void WorksheetFrame::print()
+{
+    if (!commitEdit())
+        return;
+    if (m_recordChanged)
+        dialogs::showMessage(QStringLiteral("Record changed, please save before print!"),
+                             dialogs::Icon::Information, QStringLiteral("Tovarin Names"));
+    else
+        Q_EMIT printRequested();
+}
+
 } // namespace worksheet

@@ -91,6 +91,7 @@ EngineError::EngineError(const SQLite::Exception &refused) : EngineError(Reason:
     const Refusal refusal =
         refusalOf(refused.getErrorCode() & 0xff, QString::fromUtf8(refused.what()));
     m_reason = refusal.reason;
+    m_number = refused.getErrorCode();
     m_message = refusal.message;
     m_what = m_message.toUtf8();
 }

@@ -38,11 +38,14 @@ public:
     explicit EngineError(const SQLite::Exception &refused);
 
     Reason reason() const { return m_reason; }
+    /// The engine's own number of the error; 0 for what this layer refuses by itself.
+    int number() const { return m_number; }
     const QString &message() const { return m_message; }
     const char *what() const noexcept override { return m_what.constData(); }
 
 private:
     Reason m_reason;
+    int m_number = 0;
     QString m_message;
     QByteArray m_what;
 };

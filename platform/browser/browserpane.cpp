@@ -3,13 +3,13 @@
 
 #include "platform/browser/browserpane.h"
 
-#include <QDir>
-#include <QFileInfo>
+#include "platform/browser/page.h"
+#include "platform/browser/printjob.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QVBoxLayout>
-#include <QWebEnginePage>
 #include <QWebEngineProfile>
-#include <QWebEngineSettings>
-#include <QWebEngineUrlRequestInterceptor>
 #include <QWebEngineView>
 
 #ifdef Q_OS_UNIX
@@ -17,58 +17,6 @@
 #endif
 
 namespace browser {
-
-namespace {
-
-QString thePageFolder;
-
-/// Stops every request that leaves the page folder, whatever asks for it.
-class RequestGuard final : public QWebEngineUrlRequestInterceptor
-{
-public:
-    using QWebEngineUrlRequestInterceptor::QWebEngineUrlRequestInterceptor;
-
-    void interceptRequest(QWebEngineUrlRequestInfo &request) override
-    {
-        request.block(!isAllowed(request.requestUrl()));
-    }
-};
-
-class Page final : public QWebEnginePage
-{
-public:
-    using QWebEnginePage::QWebEnginePage;
-
-protected:
-    bool acceptNavigationRequest(const QUrl &url, NavigationType, bool) override
-    {
-        return isAllowed(url);
-    }
-};
-
-/// The profile that all panes share; it goes with the last of them.
-std::shared_ptr<QWebEngineProfile> sharedProfile()
-{
-    static std::weak_ptr<QWebEngineProfile> shared;
-    std::shared_ptr<QWebEngineProfile> profile = shared.lock();
-    if (!profile) {
-        profile = std::make_shared<QWebEngineProfile>();
-        Q_ASSERT(profile->isOffTheRecord());
-        profile->setUrlRequestInterceptor(new RequestGuard(profile.get()));
-        QWebEngineSettings &settings = *profile->settings();
-        settings.setAttribute(QWebEngineSettings::JavascriptEnabled, false);
-        settings.setAttribute(QWebEngineSettings::LocalStorageEnabled, false);
-        settings.setAttribute(QWebEngineSettings::PluginsEnabled, false);
-        settings.setAttribute(QWebEngineSettings::PdfViewerEnabled, false);
-        settings.setAttribute(QWebEngineSettings::AutoLoadIconsForPage, false);
-        settings.setAttribute(QWebEngineSettings::NavigateOnDropEnabled, false);
-        settings.setAttribute(QWebEngineSettings::LocalContentCanAccessRemoteUrls, false);
-        shared = profile;
-    }
-    return profile;
-}
-
-} // namespace
 
 void prepareProcess()
 {
@@ -79,21 +27,6 @@ void prepareProcess()
 #endif
     // Without this, pages stay silent in a screen reader.
     qputenv("QTWEBENGINE_ENABLE_LINUX_ACCESSIBILITY", "1");
-}
-
-void setPageFolder(const QString &folder)
-{
-    thePageFolder = QDir(folder).absolutePath();
-}
-
-bool isAllowed(const QUrl &url)
-{
-    if (url == QUrl(QStringLiteral("about:blank")))
-        return true;
-    if (url.scheme() != u"file" || !url.host().isEmpty() || thePageFolder.isEmpty())
-        return false;
-    const QString file = QDir::cleanPath(url.toLocalFile());
-    return QFileInfo(file).path() == thePageFolder;
 }
 
 BrowserPane::BrowserPane(QWidget *parent) : QWidget(parent)
@@ -112,8 +45,41 @@ BrowserPane::~BrowserPane()
 void BrowserPane::navigate(const QString &path)
 {
     m_url = QUrl::fromLocalFile(path);
-    if (m_view)
-        m_view->load(m_url);
+    m_blank.reset();
+    loadContent();
+}
+
+void BrowserPane::navigateToBlank(const BlankDocument &document)
+{
+    m_blank = document;
+    loadContent();
+}
+
+void BrowserPane::setInnerHtml(const QString &html)
+{
+    // A script that comes with inner HTML is dead; a copy of it lives. What the HTML holds may
+    // hide the document's own functions behind names of its elements, so they are got before.
+    static const QString script = QStringLiteral(R"(
+        (html => {
+            const body = document.body;
+            const create = document.createElement.bind(document);
+            body.innerHTML = html;
+            for (const dead of body.querySelectorAll('script')) {
+                const living = create('script');
+                living.text = dead.text;
+                dead.replaceWith(living);
+            }
+        })(...%1))");
+    if (!m_page)
+        return;
+    const QByteArray text = QJsonDocument(QJsonArray {html}).toJson(QJsonDocument::Compact);
+    m_page->runJavaScript(script.arg(QString::fromUtf8(text)));
+}
+
+void BrowserPane::print(const QString &documentName)
+{
+    if (m_printJob)
+        m_printJob->start(documentName);
 }
 
 void BrowserPane::showEvent(QShowEvent *event)
@@ -127,17 +93,30 @@ void BrowserPane::makeView()
 {
     m_profile = sharedProfile();
     m_view = new QWebEngineView(this);
-    auto *page = new Page(m_profile.get(), m_view);
-    page->setBackgroundColor(palette().color(QPalette::Base));
-    m_view->setPage(page);
+    m_page = new Page(m_profile.get(), m_view);
+    m_page->setBackgroundColor(palette().color(QPalette::Base));
+    m_view->setPage(m_page);
     m_view->setContextMenuPolicy(Qt::NoContextMenu);
     m_view->setAcceptDrops(false);
     m_view->setAccessibleName(accessibleName());
     layout()->addWidget(m_view);
     setFocusProxy(m_view);
-    connect(page, &QWebEnginePage::loadFinished, this, [this] { Q_EMIT documentComplete(); });
-    if (m_url.isValid())
-        m_view->load(m_url);
+    m_printJob = new PrintJob(m_view);
+    connect(m_page, &QWebEnginePage::loadFinished, this, [this] { Q_EMIT documentComplete(); });
+    connect(m_page, &QWebEnginePage::printRequested, this, &BrowserPane::printRequested);
+    connect(m_printJob, &PrintJob::started, this, &BrowserPane::printStarted);
+    connect(m_printJob, &PrintJob::finished, this, &BrowserPane::printFinished);
+    loadContent();
+}
+
+void BrowserPane::loadContent()
+{
+    if (!m_page)
+        return;
+    if (m_blank)
+        m_page->showBlank(*m_blank);
+    else if (m_url.isValid())
+        m_page->showFile(m_url);
 }
 
 } // namespace browser

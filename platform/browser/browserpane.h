@@ -3,15 +3,21 @@
 
 #pragma once
 
+#include "platform/browser/printresult.h"
+
 #include <QUrl>
 #include <QWidget>
 
 #include <memory>
+#include <optional>
 
 class QWebEngineProfile;
 class QWebEngineView;
 
 namespace browser {
+
+class Page;
+class PrintJob;
 
 /// Sets up the process for the browser. To be called before the application object is made.
 void prepareProcess();
@@ -22,8 +28,21 @@ void setPageFolder(const QString &folder);
 /// Whether a pane may load an address: a file of the page folder, or "about:blank".
 bool isAllowed(const QUrl &url);
 
-/// A pane that shows a page of the page folder. It knows no network, opens no other window, keeps
-/// nothing on the disk, runs no scripts and has no context menu.
+/// The address of a file as it can stand in a page, also between apostrophes.
+QString fileAddress(const QString &path);
+
+/// An empty document for the program to fill. It may show pictures of the page folder and nothing
+/// else: whatever the program puts in, it loads nothing, no frame opens and no link leads anywhere.
+struct BlankDocument
+{
+    QString title;
+    QString styleSheet;  ///< the name of a file in the page folder; empty for none
+    QStringList scripts; ///< the only scripts and event handlers that run in it, as they stand
+};
+
+/// A pane that shows a page of the page folder, or a document that the program fills. It knows no
+/// network, opens no other window, keeps nothing on the disk, runs no scripts but those that a
+/// document allows, and has no context menu.
 ///
 /// The browser behind it is made when the pane is first seen, because it is costly.
 class BrowserPane : public QWidget
@@ -36,20 +55,40 @@ public:
 
     /// Shows a file. For a missing one the browser shows its own page that says so.
     void navigate(const QString &path);
+    /// Shows an empty document. When documentComplete() comes, it is there to be filled.
+    void navigateToBlank(const BlankDocument &document);
+
+    /// Fills the body of the document. The scripts that it allows then run.
+    void setInnerHtml(const QString &html);
+
+    /// Opens the system's print dialog and prints the page, or keeps it as a PDF file if that is
+    /// what is chosen there. printFinished() tells how it ended. Does nothing while the dialog is
+    /// open or a page is being printed.
+    /// @param documentName  what the job, or the file, is called
+    void print(const QString &documentName);
 
 Q_SIGNALS:
     /// A page, or the page that tells of a missing one, is complete.
     void documentComplete();
+    /// A script of the page wants it printed.
+    void printRequested();
+    /// The dialog is confirmed and the page goes to the printer, or into a file.
+    void printStarted();
+    void printFinished(const browser::PrintResult &result);
 
 protected:
     void showEvent(QShowEvent *event) override;
 
 private:
     void makeView();
+    void loadContent();
 
     std::shared_ptr<QWebEngineProfile> m_profile;
     QWebEngineView *m_view = nullptr; ///< null until the pane is first seen
+    Page *m_page = nullptr;
+    PrintJob *m_printJob = nullptr;
     QUrl m_url;
+    std::optional<BlankDocument> m_blank; ///< what is shown in the place of the address
 };
 
 } // namespace browser

@@ -1,0 +1,145 @@
+// SPDX-FileCopyrightText: 2026 The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/browser/page.h"
+
+#include "platform/browser/browserpane.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFileInfo>
+#include <QWebEngineProfile>
+#include <QWebEngineSettings>
+#include <QWebEngineUrlRequestInterceptor>
+
+#include <utility>
+
+namespace browser {
+
+namespace {
+
+QString thePageFolder;
+
+/// Stops every request that leaves the page folder, whatever asks for it.
+class RequestGuard final : public QWebEngineUrlRequestInterceptor
+{
+public:
+    using QWebEngineUrlRequestInterceptor::QWebEngineUrlRequestInterceptor;
+
+    void interceptRequest(QWebEngineUrlRequestInfo &request) override
+    {
+        // An empty document comes as the data of its own address; a page has let it through.
+        const bool isBlankDocument =
+            request.resourceType() == QWebEngineUrlRequestInfo::ResourceTypeMainFrame
+            && request.requestUrl().scheme() == u"data";
+        request.block(!isBlankDocument && !isAllowed(request.requestUrl()));
+    }
+};
+
+/// A script as a content security policy names it: by the hash of its text. The browser reads
+/// carriage returns as line feeds.
+QString scriptSource(QString script)
+{
+    script.replace(u'\r', u'\n');
+    const QByteArray hash =
+        QCryptographicHash::hash(script.toUtf8(), QCryptographicHash::Sha256).toBase64();
+    return u"'sha256-" % QString::fromLatin1(hash) % u"' ";
+}
+
+/// Nothing but pictures and style sheets from files, and the scripts that are named. Those may
+/// make functions from texts.
+QString contentSecurityPolicy(const QStringList &scripts)
+{
+    QString policy = QStringLiteral("default-src 'none'; base-uri 'none'; form-action 'none'; "
+                                    "img-src file:; style-src file:; script-src ");
+    if (scripts.isEmpty())
+        return policy % u"'none'";
+    for (const QString &script : scripts)
+        policy += scriptSource(script);
+    return policy % u"'unsafe-hashes' 'unsafe-eval'";
+}
+
+QString blankHtml(const BlankDocument &document)
+{
+    const QString styleSheet =
+        document.styleSheet.isEmpty()
+            ? QString()
+            : QString(u"<link rel=\"stylesheet\" href=\"" % document.styleSheet.toHtmlEscaped()
+                      % u"\">");
+    return u"<!DOCTYPE html><html lang=\"en\"><head><meta charset=\"utf-8\">"
+           u"<meta http-equiv=\"Content-Security-Policy\" content=\""
+           % contentSecurityPolicy(document.scripts) % u"\"><title>"
+           % document.title.toHtmlEscaped() % u"</title>" % styleSheet
+           % u"</head><body></body></html>";
+}
+
+} // namespace
+
+void setPageFolder(const QString &folder)
+{
+    thePageFolder = QDir(folder).absolutePath();
+}
+
+bool isAllowed(const QUrl &url)
+{
+    if (url == QUrl(QStringLiteral("about:blank")))
+        return true;
+    if (url.scheme() != u"file" || !url.host().isEmpty() || thePageFolder.isEmpty())
+        return false;
+    const QString file = QDir::cleanPath(url.toLocalFile());
+    return QFileInfo(file).path() == thePageFolder;
+}
+
+QString fileAddress(const QString &path)
+{
+    return QUrl::fromLocalFile(path)
+        .toString(QUrl::FullyEncoded)
+        .replace(u'\'', QStringLiteral("%27"));
+}
+
+std::shared_ptr<QWebEngineProfile> sharedProfile()
+{
+    static std::weak_ptr<QWebEngineProfile> shared;
+    std::shared_ptr<QWebEngineProfile> profile = shared.lock();
+    if (!profile) {
+        profile = std::make_shared<QWebEngineProfile>();
+        Q_ASSERT(profile->isOffTheRecord());
+        profile->setUrlRequestInterceptor(new RequestGuard(profile.get()));
+        QWebEngineSettings &settings = *profile->settings();
+        settings.setAttribute(QWebEngineSettings::JavascriptEnabled, false);
+        settings.setAttribute(QWebEngineSettings::JavascriptCanOpenWindows, false);
+        settings.setAttribute(QWebEngineSettings::LocalStorageEnabled, false);
+        settings.setAttribute(QWebEngineSettings::PluginsEnabled, false);
+        settings.setAttribute(QWebEngineSettings::PdfViewerEnabled, false);
+        settings.setAttribute(QWebEngineSettings::AutoLoadIconsForPage, false);
+        settings.setAttribute(QWebEngineSettings::NavigateOnDropEnabled, false);
+        settings.setAttribute(QWebEngineSettings::LocalContentCanAccessRemoteUrls, false);
+        shared = profile;
+    }
+    return profile;
+}
+
+void Page::showFile(const QUrl &url)
+{
+    m_isBlank = false;
+    settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, false);
+    load(url);
+}
+
+void Page::showBlank(const BlankDocument &document)
+{
+    m_isBlank = true;
+    m_isBlankDue = true;
+    settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, !document.scripts.isEmpty());
+    // Pictures from files are only shown to a document that comes from a file itself.
+    setHtml(blankHtml(document), QUrl::fromLocalFile(thePageFolder % u'/'));
+}
+
+bool Page::acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame)
+{
+    if (!m_isBlank)
+        return isAllowed(url);
+    return isMainFrame && type == NavigationTypeTyped && std::exchange(m_isBlankDue, false);
+}
+
+} // namespace browser

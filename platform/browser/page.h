@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QWebEnginePage>
+
+#include <memory>
+
+namespace browser {
+
+struct BlankDocument;
+
+/// The profile that all pages share: off the record, without a network, scripts or storage. It
+/// goes with the last who holds it.
+std::shared_ptr<QWebEngineProfile> sharedProfile();
+
+/// A page that can only be where the program sends it.
+class Page final : public QWebEnginePage
+{
+    Q_OBJECT
+
+public:
+    using QWebEnginePage::QWebEnginePage;
+
+    /// Shows a file of the page folder, from which links may lead to others of the folder.
+    void showFile(const QUrl &url);
+    /// Shows an empty document, from which nothing leads anywhere.
+    void showBlank(const BlankDocument &document);
+
+protected:
+    bool acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame) override;
+
+private:
+    bool m_isBlank = false;
+    bool m_isBlankDue = false; ///< the next request is the one for the empty document
+};
+
+} // namespace browser

@@ -1,0 +1,132 @@
+// SPDX-FileCopyrightText: 2026 The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#include "reports/frmprinttopn.h"
+
+#include "layout/placements.h"
+#include "layout/twips.h"
+#include "platform/browser/browserpane.h"
+#include "platform/dialogs/messagebox.h"
+#include "reports/pagefiles.h"
+#include "reports/reportdata.h"
+
+#include <QDir>
+#include <QLabel>
+#include <QLayout>
+#include <QShortcut>
+
+#include <utility>
+
+namespace {
+
+/// The size of the report's browser for the screen, in twips.
+QSize paneTwipsForScreen()
+{
+    switch (layout::currentScreenClass()) {
+    case layout::ScreenClass::Large:
+        return {14360, 10520};
+    case layout::ScreenClass::Small:
+        return {8600, 6200};
+    case layout::ScreenClass::Designed:
+        break;
+    }
+    return {11100, 7500};
+}
+
+} // namespace
+
+frmPrintTopN::frmPrintTopN()
+    : PaneWindow(QStringLiteral("frmPrintTopN"), QStringLiteral("Tovarin Report")),
+      m_note(new QLabel(this))
+{
+    m_note->setObjectName(QStringLiteral("lblPrintNote"));
+    m_note->setTextFormat(Qt::PlainText);
+    addBelow(m_note);
+    connect(&pane(), &browser::BrowserPane::documentComplete, this, &frmPrintTopN::buildReport);
+    connect(&pane(), &browser::BrowserPane::printRequested, this, &frmPrintTopN::print);
+    connect(&pane(), &browser::BrowserPane::printStarted, this,
+            [this] { m_note->setText(QStringLiteral("Printing…")); });
+    connect(&pane(), &browser::BrowserPane::printFinished, this, &frmPrintTopN::tellPrintResult);
+    auto *printKey = new QShortcut(QKeySequence::Print, this);
+    connect(printKey, &QShortcut::activated, this, &frmPrintTopN::print);
+}
+
+void frmPrintTopN::showReport(PrintReportType printReportType, const QString &topN)
+{
+    if (!isVisible()) {
+        m_printReportType = printReportType;
+        m_topN = topN;
+        load();
+    }
+    bringToFront();
+}
+
+void frmPrintTopN::load()
+{
+    setWindowTitle(m_printReportType == PrintReportType::TopN
+                       ? QString(u"Top " % m_topN % u" Tovarin Names Report")
+                       : QStringLiteral("Tovarin Full Name and Initial Report"));
+    pane().setAccessibleName(windowTitle());
+    m_note->setText(QStringLiteral("The Print button at the end of the report opens the print "
+                                   "dialog. There you can also print to a PDF file."));
+    m_isReportDue = true;
+    pane().navigateToBlank({.title = windowTitle(),
+                            .styleSheet = QStringLiteral("report.css"),
+                            .scripts = reports::reportScripts()});
+
+    const QSize paneSize = layout::pixelsFromTwips(paneTwipsForScreen());
+    const QMargins margins = QWidget::layout()->contentsMargins();
+    resize(paneSize.width() + margins.left() + margins.right(),
+           paneSize.height() + margins.top() + margins.bottom() + QWidget::layout()->spacing()
+               + m_note->sizeHint().height());
+}
+
+/// Whatever else completes later, such as a refused link, is not a new document.
+void frmPrintTopN::buildReport()
+{
+    if (std::exchange(m_isReportDue, false))
+        pane().setInnerHtml(reportHtml());
+}
+
+QString frmPrintTopN::reportHtml() const
+{
+    const QString logo = browser::fileAddress(pagefiles::path(pagefiles::logo));
+    return m_printReportType == PrintReportType::TopN
+               ? reports::topNReport(logo, m_topN, reports::rankedNames(),
+                                     reports::unrankedNames())
+               : reports::initialReport(logo, reports::savedFullNames());
+}
+
+void frmPrintTopN::print()
+{
+    pane().print(windowTitle());
+}
+
+void frmPrintTopN::tellPrintResult(const browser::PrintResult &result)
+{
+    using Outcome = browser::PrintResult::Outcome;
+    const QString file = QDir::toNativeSeparators(result.file);
+    switch (result.outcome) {
+    case Outcome::Printed:
+        m_note->setText(QStringLiteral("The report has gone to the printer."));
+        break;
+    case Outcome::SavedAsFile:
+        m_note->setText(QString(u"The report is saved as " % file % u"."));
+        break;
+    case Outcome::Cancelled:
+        m_note->setText(QStringLiteral("Printing was cancelled."));
+        break;
+    case Outcome::Failed: {
+        const QString what = file.isEmpty()
+                                 ? QStringLiteral("The report could not be printed.")
+                                 : QString(u"The report could not be saved as " % file % u".");
+        m_note->setText(what);
+        const QString reason = result.reason.isEmpty()
+                                   ? QStringLiteral("Please try again.")
+                                   : QString(u"The system says: " % result.reason);
+        dialogs::showMessage(what % u"\n\n" % reason, dialogs::Icon::Critical,
+                             QStringLiteral("Error"));
+        break;
+    }
+    }
+}

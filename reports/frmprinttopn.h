@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "reports/panewindow.h"
+
+class QLabel;
+
+namespace browser {
+struct PrintResult;
+}
+
+/// Which report is printed: the ranking with the shortlist, or the worksheet of full names.
+enum class PrintReportType { TopN, Initial };
+
+/// The report window: shows a report as it will be printed. Its page has the button that prints.
+class frmPrintTopN final : public PaneWindow
+{
+    Q_OBJECT
+
+public:
+    frmPrintTopN();
+
+    /// Makes a report of what the database holds and shows it. While the window is open it is only
+    /// brought to the front, with the report that it has.
+    /// @param topN  how many names are ranked, as text
+    void showReport(PrintReportType printReportType, const QString &topN);
+
+private:
+    void load();
+    void buildReport();
+    QString reportHtml() const;
+    void print();
+    void tellPrintResult(const browser::PrintResult &result);
+
+    QLabel *m_note; ///< lblPrintNote, says what printing has come to
+    PrintReportType m_printReportType = PrintReportType::TopN;
+    QString m_topN;
+    bool m_isReportDue = false; ///< the document is on its way, and to be filled when it is there
+};
