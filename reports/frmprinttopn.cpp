@@ -92,8 +92,7 @@ QString frmPrintTopN::reportHtml() const
 {
     const QString logo = browser::fileAddress(pagefiles::path(pagefiles::logo));
     return m_printReportType == PrintReportType::TopN
-               ? reports::topNReport(logo, m_topN, reports::rankedNames(),
-                                     reports::unrankedNames())
+               ? reports::topNReport(logo, m_topN, reports::rankedNames(), reports::unrankedNames())
                : reports::initialReport(logo, reports::savedFullNames());
 }
 

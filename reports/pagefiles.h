@@ -5,7 +5,8 @@
 
 #include <QString>
 
-/// The page files, and the picture that goes with the reports, in the program's folder, each with the separator that leads to it.
+/// The page files, and the picture that goes with the reports, in the program's folder, each with
+/// the separator that leads to it.
 namespace pagefiles {
 
 inline constexpr QStringView things = u"\\things.htm";

@@ -6,7 +6,7 @@
 build_packages=(g++ cmake ninja-build ccache qt6-base-dev qt6-webengine-dev libgl-dev
     libsqlitecpp-dev libsqlite3-dev fonts-dejavu-core)
 # What the tests take besides.
-test_packages=(libicu-dev)
+test_packages=(libicu-dev poppler-utils)
 # What ./lint takes besides.
 lint_packages=(clang-format clang-tidy shellcheck tidy)
 

@@ -61,11 +61,10 @@ QString contentSecurityPolicy(const QStringList &scripts)
 
 QString blankHtml(const BlankDocument &document)
 {
-    const QString styleSheet =
-        document.styleSheet.isEmpty()
-            ? QString()
-            : QString(u"<link rel=\"stylesheet\" href=\"" % document.styleSheet.toHtmlEscaped()
-                      % u"\">");
+    const QString styleSheet = document.styleSheet.isEmpty()
+                                   ? QString()
+                                   : QString(u"<link rel=\"stylesheet\" href=\""
+                                             % document.styleSheet.toHtmlEscaped() % u"\">");
     return u"<!DOCTYPE html><html lang=\"en\"><head><meta charset=\"utf-8\">"
            u"<meta http-equiv=\"Content-Security-Policy\" content=\""
            % contentSecurityPolicy(document.scripts) % u"\"><title>"

@@ -30,6 +30,11 @@ public:
 
 protected:
     bool acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame) override;
+    /// What a page refuses to do is told to nobody: there is no log.
+    void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString &, int,
+                                  const QString &) override
+    {
+    }
 
 private:
     bool m_isBlank = false;

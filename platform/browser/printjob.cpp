@@ -17,6 +17,8 @@ namespace {
 /// than a tenth of the time of the printers' own 1200.
 constexpr int dotsPerInch = 300;
 
+constexpr double pageMargin = 15; // millimetres, unless the dialog is told otherwise
+
 using Outcome = PrintResult::Outcome;
 
 PrintResult savePdf(const QString &path, const QByteArray &pdf)
@@ -54,6 +56,8 @@ void PrintJob::start(const QString &documentName)
     m_printer = std::make_unique<QPrinter>();
     m_printer->setDocName(documentName);
     m_printer->setResolution(dotsPerInch);
+    m_printer->setPageMargins({pageMargin, pageMargin, pageMargin, pageMargin},
+                              QPageLayout::Millimeter);
     m_dialog = std::make_unique<QPrintDialog>(m_printer.get(), m_view);
     connect(m_dialog.get(), &QDialog::rejected, this,
             [this] { end({.outcome = Outcome::Cancelled}); });

@@ -1,0 +1,413 @@
+// SPDX-FileCopyrightText: 2026 The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#include "db/basdatabase.h"
+#include "platform/browser/browserpane.h"
+#include "reports/frmprinttopn.h"
+#include "reports/reportdata.h"
+#include "tests/support/boxes.h"
+#include "tests/support/brokendisks.h"
+#include "tests/support/sampledatabase.h"
+
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPrintDialog>
+#include <QProcess>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QTcpServer>
+#include <QTest>
+#include <QWebEnginePage>
+#include <QWebEngineView>
+
+#include <memory>
+#include <optional>
+
+using support::Box;
+using support::BoxReader;
+
+namespace {
+
+constexpr int pageTimeout = 20000; // milliseconds
+
+/// A program folder with the files of the reports and an open database.
+class Folder : public support::SampleDatabase
+{
+public:
+    /// @param statements  what fills the tables
+    explicit Folder(const QStringList &statements = {}) : SampleDatabase({})
+    {
+        browser::setPageFolder(folder());
+        QFile::copy(QStringLiteral(DATA_FOLDER "/pages/report.css"),
+                    file(QStringLiteral("report.css")));
+        QFile::copy(QStringLiteral(DATA_FOLDER "/pictures/logocust.jpg"),
+                    file(QStringLiteral("logocust.jpg")));
+        basDatabase::OpenDatabase();
+        for (const QString &statement : statements)
+            basDatabase::ExecuteSQL(statement);
+    }
+    ~Folder() { basDatabase::CloseDatabase(); }
+    Folder(const Folder &) = delete;
+    Folder &operator=(const Folder &) = delete;
+};
+
+QString shortlisted(const QString &values)
+{
+    return u"insert into tblresult(name_desc, name_orgid, name_sex, name_meaning) values(" % values
+           % u')';
+}
+
+QString ranked(const QString &values)
+{
+    return u"insert into tbltopn(t10_id, t10_name, t10_orgid, t10_sex, t10_mid) values(" % values
+           % u')';
+}
+
+QString fullName(const QString &values)
+{
+    return u"insert into tblinitial values(" % values % u')';
+}
+
+/// Names that are ranked or not, with apostrophes, accents and markup, nothing and null.
+QStringList sampleRows()
+{
+    return {shortlisted(QStringLiteral("'Zoë','Greek','G','life'")),
+            shortlisted(QStringLiteral("'D''Arcy','Irish','B','dark'")),
+            shortlisted(QStringLiteral("'Anna','Hebrew','G',null")),
+            shortlisted(QStringLiteral("'Ben <i>x</i>','Hebrew','B',''")),
+            ranked(QStringLiteral("'02','D''Arcy','Irish','B','dark'")),
+            ranked(QStringLiteral("'01','Gone','Old Norse','B',null")),
+            fullName(QStringLiteral("'Zoë','Ann','O''Neil','K.L.','ZAOK.L.'")),
+            fullName(QStringLiteral("'Ben',null,'','<b>y</b>',null"))};
+}
+
+/// The report window as its buttons open it.
+class Report
+{
+public:
+    explicit Report(PrintReportType type = PrintReportType::TopN)
+    {
+        show(type);
+        waitForPage();
+    }
+
+    void show(PrintReportType type) { window.showReport(type, QStringLiteral("10")); }
+    void waitForPage()
+    {
+        QSignalSpy complete(&pane(), &browser::BrowserPane::documentComplete);
+        QVERIFY(complete.wait(pageTimeout));
+    }
+
+    browser::BrowserPane &pane() { return *window.findChild<browser::BrowserPane *>(); }
+    QWebEngineView *view() { return window.findChild<QWebEngineView *>(); }
+    QString note() { return window.findChild<QLabel *>(QStringLiteral("lblPrintNote"))->text(); }
+
+    /// What a script answers in the page.
+    QVariant run(const char *script)
+    {
+        const auto answer = std::make_shared<std::optional<QVariant>>();
+        view()->page()->runJavaScript(QLatin1String(script),
+                                      [answer](const QVariant &result) { *answer = result; });
+        const bool isThere = QTest::qWaitFor([answer] { return answer->has_value(); }, pageTimeout);
+        return isThere ? **answer : QVariant();
+    }
+
+    /// The tables of the page, a line for each row, "|" between the cells.
+    QStringList tables()
+    {
+        return run("[...document.querySelectorAll('tr')].map(row => "
+                   "[...row.cells].map(cell => cell.textContent).join('|'))")
+            .toStringList();
+    }
+
+    /// Presses the button in the page and answers the print dialog.
+    /// @param file  where to print to; empty to cancel
+    void print(const QString &file)
+    {
+        run("document.querySelector('input[type=button]').click()");
+        QPrintDialog *dialog = waitForDialog();
+        QVERIFY(dialog);
+        dialog->findChild<QLineEdit *>(QStringLiteral("filename"))->setText(file);
+        const auto button = file.isEmpty() ? QDialogButtonBox::Cancel : QDialogButtonBox::Ok;
+        dialog->findChild<QDialogButtonBox *>()->button(button)->click();
+        QVERIFY(QTest::qWaitFor(
+            [this] { return !note().startsWith(u"The Print") && !note().startsWith(u"Printing…"); },
+            pageTimeout));
+    }
+
+    static QPrintDialog *waitForDialog()
+    {
+        QPrintDialog *dialog = nullptr;
+        const bool isThere = QTest::qWaitFor([&dialog] {
+            dialog = qobject_cast<QPrintDialog *>(QApplication::activeModalWidget());
+            return dialog != nullptr;
+        });
+        return isThere ? dialog : nullptr;
+    }
+
+    frmPrintTopN window;
+};
+
+QString pdfText(const QString &file)
+{
+    QProcess reader;
+    reader.start(QStringLiteral("pdftotext"),
+                 {QStringLiteral("-layout"), file, QStringLiteral("-")});
+    reader.waitForFinished();
+    return QString::fromUtf8(reader.readAllStandardOutput());
+}
+
+} // namespace
+
+class TestReports : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void texts_areWrittenPieceByPiece()
+    {
+        const QString beginning =
+            QStringLiteral("<script language='JavaScript1.2'>function disabletext(e){return false "
+                           "} \rfunction reEnable(){return true }\r//if the browser is IE4+\r"
+                           "document.onselectstart=new Function ('return false')\r//if the browser "
+                           "is NS6 \rif (window.sidebar){ Document.onmousedown = disabletext;"
+                           "Document.onclick = reEnable;}</script><html><body><center>"
+                           "<img src='file:///P/logocust.jpg'><br><h2>");
+        const QString end = QStringLiteral(
+            "</table></center><br><center><input type=button "
+            "onclick='javascript:window.print()' value='Print'><br><br>Made with Tovarin, the "
+            "names dictionary for expectant parents.</center></body></html>");
+        const QString names = QStringLiteral(
+            "<table border=1 cellpadding=0 cellspacing=0><tr bgcolor='Silver'><td>No.</td><td>Name"
+            "</td><td>Origin</td><td>Boy/Girl</td><td>Meaning</td></tr>");
+        const QString logo = QStringLiteral("file:///P/logocust.jpg");
+
+        const Folder folder(sampleRows());
+        QVERIFY(reports::FillTempTopN(QStringLiteral("10")));
+        QCOMPARE(reports::topNReport(logo, QStringLiteral("10"), reports::rankedNames(),
+                                     reports::unrankedNames()),
+                 beginning % u"Your Top 10 Selected Tovarin Names</h2><br>" % names
+                     % u"<tr><td>1</td><td>Gone</td><td>Old Norse</td><td>B</td><td></td></tr>"
+                       u"<tr><td>2</td><td>D'Arcy</td><td>Irish</td><td>B</td><td>dark</td></tr>"
+                       u"</table><br><h2>Your Selected Tovarin Names</h2><br>"
+                     % names
+                     % u"<tr><td>1</td><td>Anna</td><td>Hebrew</td><td>G</td><td></td></tr>"
+                       u"<tr><td>2</td><td>Ben <i>x</i></td><td>Hebrew</td><td>B</td><td></td></tr>"
+                       u"<tr><td>3</td><td>Zoë</td><td>Greek</td><td>G</td><td>life</td></tr>"
+                     % end);
+        QCOMPARE(
+            reports::initialReport(logo, reports::savedFullNames()),
+            beginning
+                % u"Your Tovarin Full Name and Initials</h2><br>"
+                  u"<table border=0 cellpadding=1 cellspacing=1><tr bgcolor='Silver'><td>No.</td>"
+                  u"<td>First</td><td>Middle</td><td>Last</td><td>Other</td><td>Initial</td></tr>"
+                  u"<tr><td>1</td><td>Zoë</td><td>Ann</td><td>O'Neil</td><td>K.L.</td>"
+                  u"<td>ZAOK.L.</td></tr><tr><td>2</td><td>Ben</td><td>&nbsp;</td><td></td>"
+                  u"<td><b>y</b></td><td>&nbsp;</td></tr>"
+                % end);
+    }
+
+    void tempTopN_isFilledAnewFromTheShortlist()
+    {
+        const Folder folder(sampleRows());
+        const QString all = QStringLiteral("select * from TEMPTOPN");
+        QVERIFY(reports::FillTempTopN(QStringLiteral("10")));
+        QCOMPARE(support::table(all), QStringList({QStringLiteral("Zoë|Greek|G|1|Y"),
+                                                   QStringLiteral("D'Arcy|Irish|B|02|T"),
+                                                   QStringLiteral("Anna|Hebrew|G|2|Y"),
+                                                   QStringLiteral("Ben <i>x</i>|Hebrew|B|3|Y")}));
+        // Blanks go only where there is no rank, and a namesake has a rank of his own.
+        for (const char *statement :
+             {"delete from tblresult", "insert into tblresult(name_desc, name_orgid, name_sex) "
+                                       "values(' Gone', 'Old Norse', 'B'), (' New', 'Irish', 'B'), "
+                                       "('D''Arcy', 'Irish', 'G')"})
+            basDatabase::ExecuteSQL(QLatin1String(statement));
+        QVERIFY(reports::FillTempTopN(QStringLiteral("10")));
+        QCOMPARE(support::table(all), QStringList({QStringLiteral(" Gone|Old Norse|B|01|T"),
+                                                   QStringLiteral("New|Irish|B|1|Y"),
+                                                   QStringLiteral("D'Arcy|Irish|G|2|Y")}));
+    }
+
+    void tempTopN_thatCannotBeEmptied_printsNothing()
+    {
+        const Folder folder;
+        // The connection's own table, then the file's.
+        for (int i = 0; i < 2; ++i)
+            QVERIFY(basDatabase::ExecuteSQL(QStringLiteral("drop table TEMPTOPN")));
+        BoxReader reader;
+        QVERIFY(!reports::FillTempTopN(QStringLiteral("10")));
+        const auto error = [](const char *text) {
+            return Box {QMessageBox::Critical, QStringLiteral("Error"), QLatin1String(text)};
+        };
+        QCOMPARE(reader.boxes(),
+                 (std::vector {error("There is no table named \"TEMPTOPN\"."),
+                               error("Failed to print top 10 report!"),
+                               error("1 : There is no table named \"TEMPTOPN\".")}));
+    }
+
+    void page_showsTheReport()
+    {
+        const Folder folder(sampleRows());
+        reports::FillTempTopN(QStringLiteral("10"));
+        Report report;
+        QCOMPARE(report.window.windowTitle(), QStringLiteral("Top 10 Tovarin Names Report"));
+        const QString header = QStringLiteral("No.|Name|Origin|Boy/Girl|Meaning");
+        QCOMPARE(report.tables(), QStringList({header, QStringLiteral("1|Gone|Old Norse|B|"),
+                                               QStringLiteral("2|D'Arcy|Irish|B|dark"), header,
+                                               QStringLiteral("1|Anna|Hebrew|G|"),
+                                               QStringLiteral("2|Ben x|Hebrew|B|"),
+                                               QStringLiteral("3|Zoë|Greek|G|life")}));
+        QCOMPARE(report.run("getComputedStyle(document.body).fontSize").toString(),
+                 QStringLiteral("15px")); // the style sheet is there
+        QTRY_VERIFY(report.run("document.images[0].naturalWidth").toInt() > 0);
+
+        // Text can't be selected, and no menu opens.
+        report.view()->page()->triggerAction(QWebEnginePage::SelectAll);
+        QTest::mouseClick(report.view()->focusProxy(), Qt::RightButton, {}, QPoint(200, 200));
+        QTest::qWait(300);
+        QCOMPARE(report.run("String(getSelection())").toString(), QString());
+        QVERIFY(!QApplication::activePopupWidget());
+    }
+
+    void window_isLoadedAnewOnlyWhenItWasClosed()
+    {
+        const Folder folder(sampleRows());
+        Report report(PrintReportType::Initial);
+        QCOMPARE(report.window.windowTitle(),
+                 QStringLiteral("Tovarin Full Name and Initial Report"));
+        QCOMPARE(report.tables().value(1), QStringLiteral("1|Zoë|Ann|O'Neil|K.L.|ZAOK.L."));
+        basDatabase::ExecuteSQL(QStringLiteral("delete from tblinitial"));
+        report.show(PrintReportType::TopN);
+        QTest::qWait(300);
+        QCOMPARE(report.tables().size(), 3);
+        report.window.close();
+        report.show(PrintReportType::Initial);
+        report.waitForPage();
+        QCOMPARE(report.tables().size(), 1);
+    }
+
+    void printing_writesAPdf_data()
+    {
+        QTest::addColumn<int>("rows");
+        QTest::addRow("nothing") << 0;
+        QTest::addRow("several pages") << 500;
+    }
+
+    void printing_writesAPdf()
+    {
+        QFETCH(int, rows);
+        const Folder folder;
+        for (int i = 1; i <= rows; ++i)
+            basDatabase::ExecuteSQL(
+                fullName(QStringLiteral("'Name%1','','O''Neil','','NO'").arg(i)));
+        Report report(PrintReportType::Initial);
+        const QString file = folder.file(QStringLiteral("names.pdf"));
+        report.print(file);
+        QCOMPARE(report.note(), QString(u"The report is saved as " % file % u'.'));
+        const QString text = pdfText(file);
+        QVERIFY(text.contains(u"Your Tovarin Full Name and Initials"));
+        QCOMPARE(text.count(u'\f') > 3, rows > 0); // pages
+        int lastFound = 0;
+        for (int i = 1; i <= rows; ++i) {
+            if (text.contains(
+                    QRegularExpression(QStringLiteral("\\n *%1 +Name%1 +O'Neil +NO\\n").arg(i))))
+                lastFound = i;
+        }
+        QCOMPARE(lastFound, rows);
+        QVERIFY(!text.contains(u"Print"));
+    }
+
+    void printing_oneJobAtATime_tellsHowItEnded()
+    {
+        const Folder folder(sampleRows());
+        Report report;
+        report.run("window.print()");
+        QPrintDialog *dialog = Report::waitForDialog();
+        QVERIFY(dialog);
+        report.pane().print(QStringLiteral("second"));
+        QCOMPARE(QApplication::activeModalWidget(), dialog);
+        QCOMPARE(report.window.findChildren<QPrintDialog *>().size(), 1);
+        dialog->reject();
+        QCOMPARE(report.note(), QStringLiteral("Printing was cancelled."));
+
+        // A file that can't be written leaves the one that was there.
+        const QString file = folder.file(QStringLiteral("names.pdf"));
+        support::writeFile(file, "old");
+        BoxReader reader(QMessageBox::Yes);
+        std::optional<support::ReadOnlyFolder> readOnly;
+        const auto becomeReadOnly = [&] { readOnly.emplace(folder.folder()); };
+        const auto connection =
+            connect(&report.pane(), &browser::BrowserPane::printStarted, this, becomeReadOnly);
+        report.print(file);
+        readOnly.reset();
+        disconnect(connection);
+        QCOMPARE(support::readFile(file), QByteArray("old"));
+        const std::vector<Box> boxes = reader.take();
+        QCOMPARE(boxes.size(), std::size_t(2)); // the first asks whether to replace it
+        QVERIFY(boxes[1].text.startsWith(u"The report could not be saved as " % file));
+        report.print(file);
+        QVERIFY(pdfText(file).contains(u"D'Arcy"));
+    }
+
+    /// What names and texts may hold: the page shows it, but it reaches nothing and leads nowhere.
+    void plantedMarkup_loadsNothing()
+    {
+        QTcpServer server;
+        QVERIFY(server.listen(QHostAddress::LocalHost));
+        const QString to = QStringLiteral("http://127.0.0.1:%1/").arg(server.serverPort());
+        const QString planted =
+            QString(QStringLiteral(
+                        "<img src=\"URLimg\" onerror=\"document.title=1\"><script>document.title=2;"
+                        "fetch(\"URLfetch\")</script><script src=\"URLscript\"></script>"
+                        "<link rel=stylesheet href=\"URLsheet\"><link rel=preconnect href=\"URL\">"
+                        "<link rel=prefetch href=\"URLpre\"><link rel=icon href=\"URLicon\">"
+                        "<style>@import \"URLimport\"; td { background: url(URLback) }</style>"
+                        "<iframe src=\"URLframe\"></iframe><iframe src=\"things.htm\"></iframe>"
+                        "<iframe srcdoc=\"<img src=URLinner>\"></iframe>"
+                        "<object data=\"URLobject\"></object><embed src=\"URLembed\">"
+                        "<video src=\"URLvideo\" poster=\"URLposter\" autoplay></video>"
+                        "<meta http-equiv=refresh content=\"0;url=URLrefresh\"><base href=\"URL\">"
+                        "<img src=\"based\"><svg><image href=\"URLsvg\"/></svg>"
+                        "<a href=\"URLlink\" ping=\"URLping\">x</a><a href=\"report.css\">y</a>"
+                        "<a href=\"file:///etc/hostname\">z</a><a href=\"data:text/html,d\">d</a>"
+                        "<a href=\"javascript:document.title=3\">j</a>"
+                        "<form action=\"URLform\"><input type=submit></form><img name=body>"))
+                .replace(QStringLiteral("URL"), to);
+        const Folder folder({fullName(u"'Ann','" % planted % u"','','',''")});
+        Report report(PrintReportType::Initial);
+        const QString title = report.window.windowTitle();
+        QCOMPARE(report.run("document.querySelectorAll('iframe').length").toInt(), 3);
+        for (int i = 0; i < 6; ++i) {
+            const QString script =
+                QStringLiteral("document.querySelectorAll('a, input[type=submit]')[%1].click()");
+            report.run(script.arg(i).toLatin1().constData());
+            QTest::qWait(50);
+        }
+        QTest::qWait(500);
+        QVERIFY(!server.hasPendingConnections());
+        QCOMPARE(report.run("document.title").toString(), title);
+        QCOMPARE(report.run("[...document.images].filter(i => i.naturalWidth > 0).length").toInt(),
+                 1); // the logo
+        QVERIFY(report
+                    .run("[...document.querySelectorAll('iframe')].every(f => !f.contentDocument "
+                         "|| !f.contentDocument.images.length || "
+                         "!f.contentDocument.images[0].naturalWidth)")
+                    .toBool());
+        QCOMPARE(report.tables().size(), 2);
+        // The report's own script lives, whatever the elements are called.
+        QVERIFY(report.run("typeof document.onselectstart === 'function'").toBool());
+    }
+};
+
+int main(int argc, char *argv[])
+{
+    browser::prepareProcess();
+    QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    TestReports tests;
+    return QTest::qExec(&tests, argc, argv);
+}
+#include "test_reports.moc"
