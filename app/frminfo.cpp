@@ -213,7 +213,11 @@ void frmInfo::closeEvent(QCloseEvent *event)
     }
     basDatabase::CloseDatabase();
     event->accept();
-    Q_EMIT unloaded();
+    // A report that is being printed is not left half done.
+    if (m_report && m_report->isPrinting())
+        connect(m_report.get(), &frmPrintTopN::printingEnded, this, &frmInfo::unloaded);
+    else
+        Q_EMIT unloaded();
 }
 
 void frmInfo::keyPressEvent(QKeyEvent *event)

@@ -43,6 +43,7 @@ frmPrintTopN::frmPrintTopN()
     m_note->setTextFormat(Qt::PlainText);
     addBelow(m_note);
     connect(&pane(), &browser::BrowserPane::documentComplete, this, &frmPrintTopN::buildReport);
+    connect(&pane(), &browser::BrowserPane::documentLost, this, [this] { m_isReportDue = true; });
     connect(&pane(), &browser::BrowserPane::printRequested, this, &frmPrintTopN::print);
     connect(&pane(), &browser::BrowserPane::printStarted, this,
             [this] { m_note->setText(QStringLiteral("Printing…")); });
@@ -59,6 +60,11 @@ void frmPrintTopN::showReport(PrintReportType printReportType, const QString &to
         load();
     }
     bringToFront();
+}
+
+bool frmPrintTopN::isPrinting() const
+{
+    return pane().isPrinting();
 }
 
 void frmPrintTopN::load()
@@ -128,4 +134,5 @@ void frmPrintTopN::tellPrintResult(const browser::PrintResult &result)
         break;
     }
     }
+    Q_EMIT printingEnded();
 }

@@ -27,6 +27,12 @@ public:
     /// @param topN  how many names are ranked, as text
     void showReport(PrintReportType printReportType, const QString &topN);
 
+    /// Whether a report is on its way to the printer or into a file.
+    bool isPrinting() const;
+
+Q_SIGNALS:
+    void printingEnded();
+
 private:
     void load();
     void buildReport();

@@ -17,7 +17,7 @@ class PaneWindow : public QWidget
 protected:
     PaneWindow(const QString &name, const QString &title);
 
-    browser::BrowserPane &pane() { return *m_pane; }
+    browser::BrowserPane &pane() const { return *m_pane; }
 
     /// Adds a control below the pane.
     void addBelow(QWidget *control, Qt::Alignment alignment = {});

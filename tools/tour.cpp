@@ -14,6 +14,7 @@
 #include "platform/grid/flexgrid.h"
 #include "search/resultgrid.h"
 
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QLabel>
@@ -235,6 +236,9 @@ private:
             fail(QStringLiteral("the print dialog does not open"));
         const QString file =
             QDir(m_pictures).absoluteFilePath(m_prefix % u'-' % QLatin1String(name) % u".pdf");
+        // The last printer is the one that writes a file.
+        auto *printers = static_cast<QComboBox *>(child(dialog, "printers"));
+        printers->setCurrentIndex(printers->count() - 1);
         static_cast<QLineEdit *>(child(dialog, "filename"))->setText(file);
         takePicture(dialog, QByteArray(name) + "-print-dialog");
         dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok)->click();

@@ -12,6 +12,8 @@
 #include <QWebEngineProfile>
 #include <QWebEngineView>
 
+#include <utility>
+
 #ifdef Q_OS_UNIX
 #include <unistd.h>
 #endif
@@ -46,12 +48,14 @@ void BrowserPane::navigate(const QString &path)
 {
     m_url = QUrl::fromLocalFile(path);
     m_blank.reset();
+    m_mayRecover = true;
     loadContent();
 }
 
 void BrowserPane::navigateToBlank(const BlankDocument &document)
 {
     m_blank = document;
+    m_mayRecover = true;
     loadContent();
 }
 
@@ -82,6 +86,11 @@ void BrowserPane::print(const QString &documentName)
         m_printJob->start(documentName);
 }
 
+bool BrowserPane::isPrinting() const
+{
+    return m_printJob && m_printJob->isUnderWay();
+}
+
 void BrowserPane::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
@@ -103,9 +112,20 @@ void BrowserPane::makeView()
     setFocusProxy(m_view);
     m_printJob = new PrintJob(m_view);
     connect(m_page, &QWebEnginePage::loadFinished, this, [this] { Q_EMIT documentComplete(); });
+    // When the browser has dealt with its loss itself.
+    connect(m_page, &QWebEnginePage::renderProcessTerminated, this, &BrowserPane::recover,
+            Qt::QueuedConnection);
     connect(m_page, &QWebEnginePage::printRequested, this, &BrowserPane::printRequested);
     connect(m_printJob, &PrintJob::started, this, &BrowserPane::printStarted);
     connect(m_printJob, &PrintJob::finished, this, &BrowserPane::printFinished);
+    loadContent();
+}
+
+void BrowserPane::recover()
+{
+    if (!std::exchange(m_mayRecover, false))
+        return;
+    Q_EMIT documentLost();
     loadContent();
 }
 

@@ -66,10 +66,15 @@ public:
     /// open or a page is being printed.
     /// @param documentName  what the job, or the file, is called
     void print(const QString &documentName);
+    /// From the opening of the dialog until printFinished().
+    bool isPrinting() const;
 
 Q_SIGNALS:
     /// A page, or the page that tells of a missing one, is complete.
     void documentComplete();
+    /// The browser has lost what it showed, and loads it once more: a document that was filled is
+    /// empty when documentComplete() comes.
+    void documentLost();
     /// A script of the page wants it printed.
     void printRequested();
     /// The dialog is confirmed and the page goes to the printer, or into a file.
@@ -82,6 +87,7 @@ protected:
 private:
     void makeView();
     void loadContent();
+    void recover();
 
     std::shared_ptr<QWebEngineProfile> m_profile;
     QWebEngineView *m_view = nullptr; ///< null until the pane is first seen
@@ -89,6 +95,7 @@ private:
     PrintJob *m_printJob = nullptr;
     QUrl m_url;
     std::optional<BlankDocument> m_blank; ///< what is shown in the place of the address
+    bool m_mayRecover = false;            ///< once; a page may be the reason for its own loss
 };
 
 } // namespace browser

@@ -9,6 +9,8 @@
 #include <QSaveFile>
 #include <QWebEngineView>
 
+#include <utility>
+
 namespace browser {
 
 namespace {
@@ -40,8 +42,10 @@ PrintJob::PrintJob(QWebEngineView *view) : QObject(view), m_view(view)
         end({.outcome = success ? Outcome::Printed : Outcome::Failed});
     });
     connect(view, &QWebEngineView::renderProcessTerminated, this, [this] {
-        if (m_isUnderWay)
-            end({.outcome = Outcome::Failed, .file = m_printer->outputFileName()});
+        if (!m_isUnderWay)
+            return;
+        end({.outcome = Outcome::Failed, .file = m_printer->outputFileName()});
+        m_dialog->close();
     });
 }
 
@@ -89,8 +93,8 @@ void PrintJob::writePdf()
 
 void PrintJob::end(const PrintResult &result)
 {
-    m_isUnderWay = false;
-    Q_EMIT finished(result);
+    if (std::exchange(m_isUnderWay, false))
+        Q_EMIT finished(result);
 }
 
 } // namespace browser

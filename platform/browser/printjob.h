@@ -27,6 +27,8 @@ public:
 
     /// Opens the system's print dialog. Does nothing while a job is under way.
     void start(const QString &documentName);
+    /// From the opening of the dialog until finished().
+    bool isUnderWay() const { return m_isUnderWay; }
 
 Q_SIGNALS:
     /// The dialog is confirmed.

@@ -10,6 +10,7 @@
 #include "tests/support/sampledatabase.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -23,6 +24,7 @@
 #include <QWebEnginePage>
 #include <QWebEngineView>
 
+#include <csignal>
 #include <memory>
 #include <optional>
 
@@ -130,6 +132,9 @@ public:
         run("document.querySelector('input[type=button]').click()");
         QPrintDialog *dialog = waitForDialog();
         QVERIFY(dialog);
+        // The last printer is the one that writes a file.
+        auto *printers = dialog->findChild<QComboBox *>(QStringLiteral("printers"));
+        printers->setCurrentIndex(printers->count() - 1);
         dialog->findChild<QLineEdit *>(QStringLiteral("filename"))->setText(file);
         const auto button = file.isEmpty() ? QDialogButtonBox::Cancel : QDialogButtonBox::Ok;
         dialog->findChild<QDialogButtonBox *>()->button(button)->click();
@@ -287,6 +292,17 @@ private Q_SLOTS:
         report.show(PrintReportType::Initial);
         report.waitForPage();
         QCOMPARE(report.tables().size(), 1);
+    }
+
+    void lostPage_comesBack()
+    {
+        const Folder folder(sampleRows());
+        Report report(PrintReportType::Initial);
+        QSignalSpy lost(&report.pane(), &browser::BrowserPane::documentLost);
+        QVERIFY(kill(pid_t(report.view()->page()->renderProcessPid()), SIGKILL) == 0);
+        QVERIFY(lost.wait());
+        report.waitForPage();
+        QCOMPARE(report.tables().size(), 3);
     }
 
     void printing_writesAPdf_data()
