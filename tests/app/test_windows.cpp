@@ -30,6 +30,7 @@
 
 using layout::ScreenClass;
 using support::BoxReader;
+using support::information;
 
 namespace {
 
@@ -270,6 +271,22 @@ private Q_SLOTS:
             QVERIFY(QTest::qWaitForWindowActive(&*window));
         };
         BoxReader reader(QMessageBox::Yes);
+        // What is unsaved is not printed; the report of the rest opens.
+        const auto refusesToPrint = [&](const char *button, const char *title) {
+            reader.take();
+            click(button);
+            const auto refusal = information(
+                QLatin1String(title), QStringLiteral("Record changed, please save before print!"));
+            return reader.take() == std::vector {refusal} && !topLevel("frmPrintTopN");
+        };
+        const auto printedReport = [&](const char *button) {
+            click(button);
+            QWidget *report = topLevel("frmPrintTopN");
+            const QString title = report ? report->windowTitle() : QString();
+            if (report)
+                report->close();
+            return title;
+        };
         open();
         goTo(2);
         click("optSearch_2");
@@ -281,16 +298,25 @@ private Q_SLOTS:
         QCOMPARE(window->focusWidget(), &grid("msfResult"));
         rank("msfResult", 2, 6, 0);
         rank("msfResult", 3, 6, 0);
+        QVERIFY(refusesToPrint("cmdPrintTopN", "Top 10"));
         click("cmdSaveTopN");
         QVERIFY(isShown("fraInitial") && !isShown("fraTopN"));
         QCOMPARE(window->focusWidget(), &grid("msfInitial"));
         support::type(grid("msfInitial"), QStringLiteral("Marie\tO'Neil\tÇ."));
+        QVERIFY(refusesToPrint("cmdPrintInitial", "Tovarin Names"));
         click("cmdSaveInitial");
+        QCOMPARE(printedReport("cmdPrintInitial"),
+                 QStringLiteral("Tovarin Full Name and Initial Report"));
         const QStringList fullNames {QStringLiteral("1||Élodie|Marie|O'Neil|Ç.|ÉMOÇ."),
                                      QStringLiteral("2||Noah||||N"), QStringLiteral("3||||||")};
         QCOMPARE(support::rows(grid("msfInitial")), fullNames);
         click("cmdBack");
         QVERIFY(isShown("fraTopN") && !isShown("fraInitial"));
+        QCOMPARE(printedReport("cmdPrintTopN"), QStringLiteral("Top 10 Tovarin Names Report"));
+        QCOMPARE(support::table(QStringLiteral("select name_desc, name_select from TEMPTOPN "
+                                               "order by name_desc")),
+                 QStringList({QStringLiteral("Anna|Y"), QStringLiteral("Élodie|T"),
+                              QStringLiteral("Noah|T")}));
         reader.take();
 
         // The next start shows what is saved, whatever was not.
