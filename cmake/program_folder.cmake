@@ -16,7 +16,8 @@ add_custom_command(
     COMMENT "Building the names database")
 
 file(GLOB page_files CONFIGURE_DEPENDS
-    ${PROJECT_SOURCE_DIR}/data/pages/*.htm ${PROJECT_SOURCE_DIR}/data/pages/*.css)
+    ${PROJECT_SOURCE_DIR}/data/pages/*.htm ${PROJECT_SOURCE_DIR}/data/pages/*.css
+    ${PROJECT_SOURCE_DIR}/data/pages/*.png)
 set(placed_files ${page_files} ${PROJECT_SOURCE_DIR}/data/pictures/logocust.jpg)
 set(placed_stamp ${PROJECT_BINARY_DIR}/program_folder.stamp)
 add_custom_command(
