@@ -10,6 +10,7 @@
 #include "layout/mainlayout.h"
 #include "platform/browser/browserpane.h"
 #include "platform/grid/flexgrid.h"
+#include "reports/frmprinttopn.h"
 #include "reports/linklabel.h"
 #include "search/resultgrid.h"
 #include "tests/support/boxes.h"
@@ -18,6 +19,7 @@
 
 #include <QAccessible>
 #include <QComboBox>
+#include <QDialog>
 #include <QFile>
 #include <QLabel>
 #include <QPushButton>
@@ -120,8 +122,17 @@ private Q_SLOTS:
                  QStringLiteral("1.2 - 05 Mar 2026"));
         QVERIFY(splash->findChild<QPushButton *>(QStringLiteral("cmdExit"))->text()
                 == QStringLiteral("E&xit"));
-        Q_EMIT splash->findChild<LinkLabel *>(QStringLiteral("lblTerms"))->clicked();
-        QVERIFY(topLevel("frmTerms"));
+        auto *terms = splash->findChild<LinkLabel *>(QStringLiteral("lblTerms"));
+        Q_EMIT terms->clicked();
+        QWidget *termsWindow = topLevel("frmTerms");
+        QVERIFY(termsWindow);
+        // A second click loads the page anew in the same window.
+        QSignalSpy shown(termsWindow->findChild<browser::BrowserPane *>(),
+                         &browser::BrowserPane::documentComplete);
+        QVERIFY(shown.wait(20000));
+        Q_EMIT terms->clicked();
+        QVERIFY(shown.wait(20000));
+        QCOMPARE(topLevel("frmTerms"), termsWindow);
 
         QStringList statements;
         basDatabase::WatchStatements([&](const QString &sql) { statements.append(sql); });
@@ -376,6 +387,27 @@ private Q_SLOTS:
                  QStringLiteral("2"));
         BoxReader yes(QMessageBox::Yes);
         QVERIFY(window.close());
+        QCOMPARE(unloaded.size(), 1);
+    }
+
+    void closing_waitsForAReportThatIsPrinted()
+    {
+        const Folder folder;
+        frmInfo window;
+        QSignalSpy unloaded(&window, &frmInfo::unloaded);
+        window.show();
+        window.findChild<QPushButton *>(QStringLiteral("cmdPrintInitial"))->click();
+        auto *report = qobject_cast<frmPrintTopN *>(topLevel("frmPrintTopN"));
+        QVERIFY(report);
+        report->findChild<browser::BrowserPane *>()->print(QStringLiteral("names"));
+        QDialog *dialog = nullptr;
+        QTRY_VERIFY((dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget())));
+        {
+            BoxReader yes(QMessageBox::Yes);
+            QVERIFY(window.close());
+        }
+        QCOMPARE(unloaded.size(), 0);
+        dialog->reject();
         QCOMPARE(unloaded.size(), 1);
     }
 

@@ -215,6 +215,12 @@ private Q_SLOTS:
                 % end);
     }
 
+    void logo_isFoundInAnyFolder()
+    {
+        QCOMPARE(browser::fileAddress(QStringLiteral("/O'Neil 100%/é#?/logo.jpg")),
+                 QStringLiteral("file:///O%27Neil%20100%25/%C3%A9%23%3F/logo.jpg"));
+    }
+
     void tempTopN_isFilledAnewFromTheShortlist()
     {
         const Folder folder(sampleRows());
