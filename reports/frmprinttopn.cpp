@@ -41,12 +41,14 @@ frmPrintTopN::frmPrintTopN()
 {
     m_note->setObjectName(QStringLiteral("lblPrintNote"));
     m_note->setTextFormat(Qt::PlainText);
+    // A long path must not widen the window.
+    m_note->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     addBelow(m_note);
     connect(&pane(), &browser::BrowserPane::documentComplete, this, &frmPrintTopN::buildReport);
     connect(&pane(), &browser::BrowserPane::documentLost, this, [this] { m_isReportDue = true; });
     connect(&pane(), &browser::BrowserPane::printRequested, this, &frmPrintTopN::print);
     connect(&pane(), &browser::BrowserPane::printStarted, this,
-            [this] { m_note->setText(QStringLiteral("Printing…")); });
+            [this] { note(QStringLiteral("Printing…")); });
     connect(&pane(), &browser::BrowserPane::printFinished, this, &frmPrintTopN::tellPrintResult);
     auto *printKey = new QShortcut(QKeySequence::Print, this);
     connect(printKey, &QShortcut::activated, this, &frmPrintTopN::print);
@@ -73,8 +75,8 @@ void frmPrintTopN::load()
                        ? QString(u"Top " % m_topN % u" Tovarin Names Report")
                        : QStringLiteral("Tovarin Full Name and Initial Report"));
     pane().setAccessibleName(windowTitle());
-    m_note->setText(QStringLiteral("The Print button at the end of the report opens the print "
-                                   "dialog. There you can also print to a PDF file."));
+    note(QStringLiteral("The Print button at the end of the report opens the print "
+                        "dialog. There you can also print to a PDF file."));
     m_isReportDue = true;
     pane().navigateToBlank({.title = windowTitle(),
                             .styleSheet = QStringLiteral("report.css"),
@@ -113,19 +115,19 @@ void frmPrintTopN::tellPrintResult(const browser::PrintResult &result)
     const QString file = QDir::toNativeSeparators(result.file);
     switch (result.outcome) {
     case Outcome::Printed:
-        m_note->setText(QStringLiteral("The report has gone to the printer."));
+        note(QStringLiteral("The report has gone to the printer."));
         break;
     case Outcome::SavedAsFile:
-        m_note->setText(QString(u"The report is saved as " % file % u"."));
+        note(QString(u"The report is saved as " % file % u"."));
         break;
     case Outcome::Cancelled:
-        m_note->setText(QStringLiteral("Printing was cancelled."));
+        note(QStringLiteral("Printing was cancelled."));
         break;
     case Outcome::Failed: {
         const QString what = file.isEmpty()
                                  ? QStringLiteral("The report could not be printed.")
                                  : QString(u"The report could not be saved as " % file % u".");
-        m_note->setText(what);
+        note(what);
         const QString reason = result.reason.isEmpty()
                                    ? QStringLiteral("Please try again.")
                                    : QString(u"The system says: " % result.reason);
@@ -135,4 +137,10 @@ void frmPrintTopN::tellPrintResult(const browser::PrintResult &result)
     }
     }
     Q_EMIT printingEnded();
+}
+
+void frmPrintTopN::note(const QString &text)
+{
+    m_note->setText(text);
+    m_note->setToolTip(text);
 }

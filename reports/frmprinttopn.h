@@ -39,6 +39,7 @@ private:
     QString reportHtml() const;
     void print();
     void tellPrintResult(const browser::PrintResult &result);
+    void note(const QString &text);
 
     QLabel *m_note; ///< lblPrintNote, says what printing has come to
     PrintReportType m_printReportType = PrintReportType::TopN;
