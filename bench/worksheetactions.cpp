@@ -7,6 +7,7 @@
 #include "bench/timing.h"
 #include "db/basdatabase.h"
 #include "layout/mainlayout.h"
+#include "reports/reportdata.h"
 #include "shortlist/topnframe.h"
 #include "worksheet/worksheetframe.h"
 
@@ -116,5 +117,11 @@ void benchWorksheet(const BareEngine &bare)
         report(withSyncs ? "save the full names" : "full names, no syncs", bare,
                [&] { steps.save("cmdSaveInitial"); });
     }
+    // Still without syncs, as the bare engine has no table in memory for it.
+    report("text of the report", bare, [] {
+        const QString topN = QString::number(ranked);
+        reports::FillTempTopN(topN);
+        reports::topNReport({}, topN, reports::rankedNames(), reports::unrankedNames());
+    });
     basDatabase::ExecuteSQL(QStringLiteral("pragma synchronous = full"));
 }

@@ -53,7 +53,7 @@ public:
     explicit BrowserPane(QWidget *parent = nullptr);
     ~BrowserPane() override;
 
-    /// Shows a file. For a missing one the browser shows its own page that says so.
+    /// Shows a file. For a missing one a page of the browser's own says so.
     void navigate(const QString &path);
     /// Shows an empty document. When documentComplete() comes, it is there to be filled.
     void navigateToBlank(const BlankDocument &document);

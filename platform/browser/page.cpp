@@ -7,12 +7,13 @@
 
 #include <QCryptographicHash>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
+#include <QFont>
+#include <QGuiApplication>
 #include <QWebEngineProfile>
 #include <QWebEngineSettings>
 #include <QWebEngineUrlRequestInterceptor>
-
-#include <utility>
 
 namespace browser {
 
@@ -28,11 +29,11 @@ public:
 
     void interceptRequest(QWebEngineUrlRequestInfo &request) override
     {
-        // An empty document comes as the data of its own address; a page has let it through.
-        const bool isBlankDocument =
+        // A page's own document comes as the data of its address; the page has let it through.
+        const bool isOwnDocument =
             request.resourceType() == QWebEngineUrlRequestInfo::ResourceTypeMainFrame
             && request.requestUrl().scheme() == u"data";
-        request.block(!isBlankDocument && !isAllowed(request.requestUrl()));
+        request.block(!isOwnDocument && !isAllowed(request.requestUrl()));
     }
 };
 
@@ -59,17 +60,33 @@ QString contentSecurityPolicy(const QStringList &scripts)
     return policy % u"'unsafe-hashes' 'unsafe-eval'";
 }
 
+/// @param head, body  what stands between their tags
+QString ownHtml(const QString &head, const QString &body = {})
+{
+    return u"<!DOCTYPE html><html lang=\"en\"><head><meta charset=\"utf-8\">" % head
+           % u"</head><body>" % body % u"</body></html>";
+}
+
 QString blankHtml(const BlankDocument &document)
 {
     const QString styleSheet = document.styleSheet.isEmpty()
                                    ? QString()
                                    : QString(u"<link rel=\"stylesheet\" href=\""
                                              % document.styleSheet.toHtmlEscaped() % u"\">");
-    return u"<!DOCTYPE html><html lang=\"en\"><head><meta charset=\"utf-8\">"
-           u"<meta http-equiv=\"Content-Security-Policy\" content=\""
-           % contentSecurityPolicy(document.scripts) % u"\"><title>"
-           % document.title.toHtmlEscaped() % u"</title>" % styleSheet
-           % u"</head><body></body></html>";
+    return ownHtml(u"<meta http-equiv=\"Content-Security-Policy\" content=\""
+                   % contentSecurityPolicy(document.scripts) % u"\"><title>"
+                   % document.title.toHtmlEscaped() % u"</title>" % styleSheet);
+}
+
+/// What is shown in the place of a file that can't be read. The engine's own page for it would
+/// need scripts.
+QString notFoundHtml(const QString &path)
+{
+    return ownHtml(QStringLiteral("<meta name=\"color-scheme\" content=\"light dark\">"
+                                  "<title>This page is missing</title>"),
+                   u"<h1>This page is missing</h1><p>The file " % path.toHtmlEscaped()
+                       % u" could not be read. Everything else works as before. To see the page "
+                         u"again, put the file back.</p>");
 }
 
 } // namespace
@@ -113,6 +130,7 @@ std::shared_ptr<QWebEngineProfile> sharedProfile()
         settings.setAttribute(QWebEngineSettings::AutoLoadIconsForPage, false);
         settings.setAttribute(QWebEngineSettings::NavigateOnDropEnabled, false);
         settings.setAttribute(QWebEngineSettings::LocalContentCanAccessRemoteUrls, false);
+        settings.setFontFamily(QWebEngineSettings::StandardFont, QGuiApplication::font().family());
         shared = profile;
     }
     return profile;
@@ -120,25 +138,34 @@ std::shared_ptr<QWebEngineProfile> sharedProfile()
 
 void Page::showFile(const QUrl &url)
 {
-    m_isBlank = false;
     settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, false);
-    load(url);
+    const QString path = url.toLocalFile();
+    if (QFile file(path); QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly)) {
+        m_isOwn = false;
+        load(url);
+    } else {
+        showOwn(notFoundHtml(QDir::toNativeSeparators(path)));
+    }
 }
 
 void Page::showBlank(const BlankDocument &document)
 {
-    m_isBlank = true;
-    m_isBlankDue = true;
     settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, !document.scripts.isEmpty());
+    showOwn(blankHtml(document));
+}
+
+void Page::showOwn(const QString &html)
+{
+    m_isOwn = true;
     // Pictures from files are only shown to a document that comes from a file itself.
-    setHtml(blankHtml(document), QUrl::fromLocalFile(thePageFolder % u'/'));
+    setHtml(html, QUrl::fromLocalFile(thePageFolder % u'/'));
 }
 
 bool Page::acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame)
 {
-    if (!m_isBlank)
-        return isAllowed(url);
-    return isMainFrame && type == NavigationTypeTyped && std::exchange(m_isBlankDue, false);
+    // What the program itself asks for counts as typed.
+    return m_isOwn ? isMainFrame && type == NavigationTypeTyped && url.scheme() == u"data"
+                   : isAllowed(url);
 }
 
 } // namespace browser

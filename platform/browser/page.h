@@ -23,7 +23,8 @@ class Page final : public QWebEnginePage
 public:
     using QWebEnginePage::QWebEnginePage;
 
-    /// Shows a file of the page folder, from which links may lead to others of the folder.
+    /// Shows a file of the page folder, from which links may lead to others of the folder; in the
+    /// place of one that can't be read, a page that says so.
     void showFile(const QUrl &url);
     /// Shows an empty document, from which nothing leads anywhere.
     void showBlank(const BlankDocument &document);
@@ -37,8 +38,9 @@ protected:
     }
 
 private:
-    bool m_isBlank = false;
-    bool m_isBlankDue = false; ///< the next request is the one for the empty document
+    void showOwn(const QString &html);
+
+    bool m_isOwn = false; ///< what is shown is no file, but made here
 };
 
 } // namespace browser

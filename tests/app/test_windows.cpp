@@ -27,6 +27,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
+#include <QWebEngineView>
 
 #include <optional>
 
@@ -432,8 +433,11 @@ private Q_SLOTS:
         QSignalSpy complete(pane, &browser::BrowserPane::documentComplete);
         QVERIFY(complete.wait(20000));
         // A missing file is the browser's to tell; the program goes on.
+        auto *page = pane->findChild<QWebEngineView *>()->page();
+        QCOMPARE(page->title(), QStringLiteral("Things to Consider"));
         pane->navigate(folder.file(QStringLiteral("none.htm")));
         QVERIFY(complete.wait(20000));
+        QCOMPARE(page->title(), QStringLiteral("This page is missing"));
 
         const auto allowed = [](const QString &url) { return browser::isAllowed(QUrl(url)); };
         QVERIFY(allowed(QStringLiteral("about:blank")));
