@@ -21,9 +21,9 @@ QString rankOf(const QString &name, const QString &sex, const QString &origin)
 }
 
 /// Takes the texts of name, origin and sex with their apostrophes doubled.
-bool insertTempTopN(const QStringList &entry, const QString &number, QChar mark)
+void insertTempTopN(const QStringList &entry, const QString &number, QChar mark)
 {
-    return basDatabase::ExecuteSQL(
+    basDatabase::ExecuteSQL(
         u"insert into TEMPTOPN(name_desc, name_orgid, name_sex, name_mid, name_select) values('"
         % entry.join(QStringLiteral("', '")) % u"', '" % number % u"', '" % mark % u"') ");
 }

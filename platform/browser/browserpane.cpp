@@ -107,7 +107,6 @@ void BrowserPane::makeView()
     m_view->setPage(m_page);
     m_view->setContextMenuPolicy(Qt::NoContextMenu);
     m_view->setAcceptDrops(false);
-    m_view->setAccessibleName(accessibleName());
     layout()->addWidget(m_view);
     setFocusProxy(m_view);
     m_printJob = new PrintJob(m_view);
@@ -115,6 +114,11 @@ void BrowserPane::makeView()
     // When the browser has dealt with its loss itself.
     connect(m_page, &QWebEnginePage::renderProcessTerminated, this, &BrowserPane::recover,
             Qt::QueuedConnection);
+    // The one address that the engine opens without asking.
+    connect(m_page, &QWebEnginePage::urlChanged, this, [this](const QUrl &url) {
+        if (m_blank && url == QUrl(QStringLiteral("about:blank")))
+            recover();
+    });
     connect(m_page, &QWebEnginePage::printRequested, this, &BrowserPane::printRequested);
     connect(m_printJob, &PrintJob::started, this, &BrowserPane::printStarted);
     connect(m_printJob, &PrintJob::finished, this, &BrowserPane::printFinished);
@@ -133,6 +137,7 @@ void BrowserPane::loadContent()
 {
     if (!m_page)
         return;
+    m_view->setAccessibleName(accessibleName());
     if (m_blank)
         m_page->showBlank(*m_blank);
     else if (m_url.isValid())

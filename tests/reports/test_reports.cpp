@@ -422,6 +422,12 @@ private Q_SLOTS:
                          "!f.contentDocument.images[0].naturalWidth)")
                     .toBool());
         QCOMPARE(report.tables().size(), 2);
+        // The empty page is the one that opens without asking; the report comes back.
+        QSignalSpy lost(&report.pane(), &browser::BrowserPane::documentLost);
+        report.run("document.querySelector('a').href = 'about:blank';"
+                   "document.querySelector('a').click()");
+        QVERIFY(lost.wait());
+        QTRY_COMPARE(report.tables().size(), 2);
         // The report's own script lives, whatever the elements are called.
         QVERIFY(report.run("typeof document.onselectstart === 'function'").toBool());
     }
