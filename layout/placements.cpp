@@ -58,6 +58,19 @@ ScreenClass currentScreenClass()
     return screenClassOf(width, height);
 }
 
+QSize sizeForScreen(const SizesByScreen &twips)
+{
+    switch (currentScreenClass()) {
+    case ScreenClass::Large:
+        return pixelsFromTwips(twips.large);
+    case ScreenClass::Small:
+        return pixelsFromTwips(twips.small);
+    case ScreenClass::Designed:
+        break;
+    }
+    return pixelsFromTwips(twips.designed);
+}
+
 std::vector<Placement> changed(std::span<const Placement> designed, std::span<const Change> changes)
 {
     std::vector<Placement> placements(designed.begin(), designed.end());

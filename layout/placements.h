@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QSize>
 #include <QString>
 
 #include <span>
@@ -21,6 +22,17 @@ ScreenClass screenClassOf(int widthPixels, int heightPixels);
 
 /// The class of the screen that the program runs on.
 ScreenClass currentScreenClass();
+
+/// The sizes, in twips, that something has on the three classes of screens.
+struct SizesByScreen
+{
+    QSize large;
+    QSize designed;
+    QSize small;
+};
+
+/// The size for the screen that the program runs on, in pixels.
+QSize sizeForScreen(const SizesByScreen &twips);
 
 /// Where a control stands in its parent, in twips.
 struct Placement

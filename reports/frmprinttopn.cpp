@@ -4,7 +4,6 @@
 #include "reports/frmprinttopn.h"
 
 #include "layout/placements.h"
-#include "layout/twips.h"
 #include "platform/browser/browserpane.h"
 #include "platform/dialogs/messagebox.h"
 #include "reports/pagefiles.h"
@@ -19,19 +18,9 @@
 
 namespace {
 
-/// The size of the report's browser for the screen, in twips.
-QSize paneTwipsForScreen()
-{
-    switch (layout::currentScreenClass()) {
-    case layout::ScreenClass::Large:
-        return {14360, 10520};
-    case layout::ScreenClass::Small:
-        return {8600, 6200};
-    case layout::ScreenClass::Designed:
-        break;
-    }
-    return {11100, 7500};
-}
+/// The sizes of the report's browser.
+constexpr layout::SizesByScreen paneSizes {
+    .large = {14360, 10520}, .designed = {11100, 7500}, .small = {8600, 6200}};
 
 } // namespace
 
@@ -82,7 +71,7 @@ void frmPrintTopN::load()
                             .styleSheet = QStringLiteral("report.css"),
                             .scripts = reports::reportScripts()});
 
-    const QSize paneSize = layout::pixelsFromTwips(paneTwipsForScreen());
+    const QSize paneSize = layout::sizeForScreen(paneSizes);
     const QMargins margins = QWidget::layout()->contentsMargins();
     resize(paneSize.width() + margins.left() + margins.right(),
            paneSize.height() + margins.top() + margins.bottom() + QWidget::layout()->spacing()
