@@ -64,8 +64,8 @@ void frmPrintTopN::load()
                        ? QString(u"Top " % m_topN % u" Tovarin Names Report")
                        : QStringLiteral("Tovarin Full Name and Initial Report"));
     pane().setAccessibleName(windowTitle());
-    note(QStringLiteral("The Print button at the end of the report opens the print "
-                        "dialog. There you can also print to a PDF file."));
+    note(
+        QStringLiteral("The Print button at the end of the report prints it or makes a PDF file."));
     m_isReportDue = true;
     pane().navigateToBlank({.title = windowTitle(),
                             .styleSheet = QStringLiteral("report.css"),
