@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QSaveFile>
 #include <QStringDecoder>
 
@@ -48,6 +49,44 @@ QString textProblem(const QString &what, const QString &text, int longest)
         return QStringLiteral("the %1 \"%2\" holds an invisible character").arg(what, text);
     if (text != text.normalized(QString::NormalizationForm_C))
         return QStringLiteral("the %1 \"%2\" is not in Unicode's composed form").arg(what, text);
+    return {};
+}
+
+/// Words that sell a name instead of explaining it; none is the sense of a name in any language.
+const QRegularExpression &fluff()
+{
+    static const QRegularExpression words(
+        QStringLiteral("\\b(?:adorable|amazing|awesome|beautiful princess|brave warrior|cute|"
+                       "gift from heaven|heavenly gift|like an angel|little princess|magical|"
+                       "perfect one|special)\\b"),
+        QRegularExpression::CaseInsensitiveOption | QRegularExpression::UseUnicodePropertiesOption);
+    return words;
+}
+
+/// What is wrong with the way a name is written; empty if nothing is.
+QString spellingProblem(const Entry &entry)
+{
+    if (entry.name.contains(u'\''))
+        return QStringLiteral("the name \"%1\" is written with ’ or ʻ").arg(entry.name);
+    if (!entry.name.front().isUpper())
+        return QStringLiteral("the name \"%1\" begins with no capital").arg(entry.name);
+    return {};
+}
+
+/// What is wrong with the way a meaning is put; empty if nothing is.
+QString styleProblem(const QString &meaning)
+{
+    const qsizetype words = meaning.split(u' ', Qt::SkipEmptyParts).size();
+    if (words < fewestWords || words > mostWords)
+        return QStringLiteral("the meaning \"%1\" takes %3 to %4 words, not %2")
+            .arg(meaning)
+            .arg(words)
+            .arg(fewestWords)
+            .arg(mostWords);
+    if (meaning.endsWith(u'.'))
+        return QStringLiteral("the meaning \"%1\" ends with a full stop").arg(meaning);
+    if (const QRegularExpressionMatch praise = fluff().match(meaning); praise.hasMatch())
+        return QStringLiteral("the meaning \"%1\" praises: \"%2\"").arg(meaning, praise.captured());
     return {};
 }
 
@@ -135,6 +174,10 @@ private:
             return QStringLiteral("the sex \"%1\" is neither B nor G").arg(sex);
         if (QString problem = textProblem(QStringLiteral("meaning"), entry.meaning, longestMeaning);
             !problem.isEmpty())
+            return problem;
+        if (QString problem = spellingProblem(entry); !problem.isEmpty())
+            return problem;
+        if (QString problem = styleProblem(entry.meaning); !problem.isEmpty())
             return problem;
         if (m_source.entries.empty())
             return {};

@@ -28,6 +28,10 @@ inline constexpr int longestName = 40;
 inline constexpr int longestOrigin = 40;
 inline constexpr int longestMeaning = 100;
 
+/// How many words a meaning has: enough to be no riddle, few enough for a line of the list.
+inline constexpr int fewestWords = 2;
+inline constexpr int mostWords = 8;
+
 /// What was read, and every problem found as "file:line: what is wrong".
 struct Source
 {

@@ -64,28 +64,38 @@ private Q_SLOTS:
         for (auto [content, problem] :
              {std::pair(QByteArray(), QByteArray("1: the file is empty")),
               {"Anna", "1: the first line has to be \"# Origin: \" and the origin's name"},
-              {"# Origin: \nAnna|G|grace", "1: the origin is empty"},
-              {head + "Anna|G|grace\nANNA|G|grace", "3: \"ANNA\" stands twice for this sex"},
-              {head + "Berta|G|bright\nAnna|G|grace",
+              {"# Origin: \nAnna|G|grace, favour", "1: the origin is empty"},
+              {head + "Anna|G|grace, favour\nANNA|G|grace, favour",
+               "3: \"ANNA\" stands twice for this sex"},
+              {head + "Berta|G|bright, clear\nAnna|G|grace, favour",
                "3: \"Anna\" is out of order (\"mkdb sort\" mends it)"},
-              {head + "Anna|g|grace", "2: the sex \"g\" is neither B nor G"},
-              {head + "Anna||grace", "2: the sex \"\" is neither B nor G"},
+              {head + "Anna|g|grace, favour", "2: the sex \"g\" is neither B nor G"},
+              {head + "Anna||grace, favour", "2: the sex \"\" is neither B nor G"},
               {head + "Anna|G|", "2: the meaning is empty"},
-              {head + "|G|grace", "2: the name is empty"},
-              {head + "Anna|G|grace|", "2: a stray tab: an entry is name, sex and meaning"},
-              {head + "# note\nAnna G grace",
+              {head + "|G|grace, favour", "2: the name is empty"},
+              {head + "Anna|G|in favour|", "2: a stray tab: an entry is name, sex and meaning"},
+              {head + "# note\nAnna G grace, favour",
                "3: an entry is name, sex and meaning with tabs between"},
-              {head + "An\xffna|G|grace", "2: the line is not UTF-8"},
-              {head + "Anna|G|grace\r", "2: the line ends with a carriage return"},
-              {head + "Anna |G|grace", "2: the name \"Anna \" has blanks around it"},
-              {head + longName + "|G|grace",
+              {head + "An\xffna|G|grace, favour", "2: the line is not UTF-8"},
+              {head + "Anna|G|grace, favour\r", "2: the line ends with a carriage return"},
+              {head + "Anna |G|grace, favour", "2: the name \"Anna \" has blanks around it"},
+              {head + longName + "|G|grace, favour",
                "2: the name \"" + longName + "\" is longer than 40 characters"},
-              {head + "Anne\u0301|G|grace",
+              {head + "Anne\u0301|G|grace, favour",
                "2: the name \"Anne\u0301\" is not in Unicode's composed form"},
-              {head + "An\u200bna|G|grace",
+              {head + "An\u200bna|G|grace, favour",
                "2: the name \"An\u200bna\" holds an invisible character"},
-              {head + "'Anna|G|grace",
-               "2: the name \"'Anna\" begins with no letter from A to Z"}}) {
+              {head + "'Anna|G|grace, favour",
+               "2: the name \"'Anna\" begins with no letter from A to Z"},
+              {head + "anna|G|grace, favour", "2: the name \"anna\" begins with no capital"},
+              {head + "Ra'no|G|a flower", "2: the name \"Ra'no\" is written with ’ or ʻ"},
+              {head + "Anna|G|grace", "2: the meaning \"grace\" takes 2 to 8 words, not 1"},
+              {head + "Anna|G|a b c d e f g h i",
+               "2: the meaning \"a b c d e f g h i\" takes 2 to 8 words, not 9"},
+              {head + "Anna|G|God is gracious.",
+               "2: the meaning \"God is gracious.\" ends with a full stop"},
+              {head + "Job|B|uncertain, possibly persecuted\nKim|G|my Cute one",
+               "3: the meaning \"my Cute one\" praises: \"Cute\""}}) {
             write("names.tsv", content.isEmpty() ? content : content.replace('|', '\t') + '\n');
             QCOMPARE(dictionary::readFile(path("names.tsv")).problems.join(u'\n').toUtf8(),
                      "names.tsv:" + problem);
@@ -94,8 +104,8 @@ private Q_SLOTS:
 
     void twoFilesOfOneOrigin_areRefused()
     {
-        write("a.tsv", "# Origin: Irish\nAnna\tG\tgrace\n");
-        write("b.tsv", "# Origin: Irish\nBrian\tB\thigh\n");
+        write("a.tsv", "# Origin: Irish\nAnna\tG\tgrace, favour\n");
+        write("b.tsv", "# Origin: Irish\nBrian\tB\thigh, noble\n");
         QCOMPARE(
             dictionary::readFolder(m_folder->path()).problems,
             QStringList(QStringLiteral("b.tsv:1: the origin \"Irish\" has a file already: a.tsv")));
@@ -104,11 +114,11 @@ private Q_SLOTS:
     void sorting_mendsTheOrderAndNothingElse()
     {
         write("names.tsv",
-              "# Origin: Irish\nZoe\tG\tlife\nÉda\tG\tx y\n# note\nEda\tG\tx\nEda\tB\tx\n");
+              "# Origin: Irish\nZoe\tG\tof life\nÉda\tG\tx y\n# note\nEda\tG\tx z\nEda\tB\tx z\n");
         QVERIFY(dictionary::sortFile(path("names.tsv")));
         QCOMPARE(support::readFile(path("names.tsv")),
-                 QByteArray("# Origin: Irish\n# note\nEda\tB\tx\nEda\tG\tx\nÉda\tG\tx y\n"
-                            "Zoe\tG\tlife\n"));
+                 QByteArray("# Origin: Irish\n# note\nEda\tB\tx z\nEda\tG\tx z\nÉda\tG\tx y\n"
+                            "Zoe\tG\tof life\n"));
         QVERIFY(!dictionary::sortFile(path("names.tsv")));
         QVERIFY(dictionary::readFile(path("names.tsv")).problems.isEmpty());
     }
