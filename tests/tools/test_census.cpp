@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Tovarin developers
 // SPDX-License-Identifier: MIT
 
-#include "platform/access/connection.h"
+#include "db/basdatabase.h"
 #include "search/criteria.h"
 #include "tests/support/sampledatabase.h"
 #include "tools/census.h"
@@ -43,14 +43,15 @@ private Q_SLOTS:
     {
         using dictionary::fewestOfASex, dictionary::mostOfAMeaningInAnOrigin;
         std::vector<dictionary::Entry> entries;
-        const auto add = [&entries](QChar sex, const QString &origin, int count,
-                                    const QString &meaning) {
-            for (int i = 0; i < count; ++i)
-                entries.push_back(
-                    {QString::number(i), sex, origin,
-                     meaning.arg(meaning.contains(u'%') ? QString::number(i) : QString())});
+        const auto add = [&entries](QChar sex, const QString &origin, int count, QString meaning) {
+            const qsizetype number = meaning.indexOf(u'#');
+            for (int i = 0; i < count; ++i) {
+                if (number >= 0)
+                    meaning.replace(number, meaning.size(), QString::number(i));
+                entries.push_back({QString::number(i), sex, origin, meaning});
+            }
         };
-        const QString own = QStringLiteral("sense %1");
+        const QString own = QStringLiteral("sense #");
         add(u'B', QStringLiteral("Irish"), fewestOfASex, own);
         add(u'G', QStringLiteral("Irish"), fewestOfASex, own);
         add(u'G', QStringLiteral("Irish"), mostOfAMeaningInAnOrigin,
@@ -122,23 +123,24 @@ private Q_SLOTS:
     void shippedDatabase_isSmallAndFindsEveryNameByItsLetter()
     {
         const support::SampleDatabase database(m_shipped.entries);
+        QVERIFY(basDatabase::OpenDatabase());
         const QFileInfo file(database.file(QStringLiteral("Tovarin.mdb")));
         QVERIFY2(file.size() < 5'000'000, qPrintable(QString::number(file.size())));
 
+        const QString tables =
+            QStringLiteral("select count(*) from tblmaster, tblmeaning, tblorg ");
         int found = 0;
         for (char letter = 'A'; letter <= 'Z'; ++letter) {
             for (const search::Sex sex : {search::Sex::Boy, search::Sex::Girl}) {
-                const int count =
-                    support::table(u"select count(*) from tblmaster, tblmeaning, tblorg "
-                                   % search::criteriaClause(search::ListCriteria {
-                                       .letter = QString(QLatin1Char(letter)), .sex = sex}))
-                        .value(0)
-                        .toInt();
-                QVERIFY2(count > 0, &letter);
+                const QString clause = search::criteriaClause(
+                    search::ListCriteria {.letter = QString(QLatin1Char(letter)), .sex = sex});
+                const int count = support::table(tables % clause).value(0).toInt();
+                QVERIFY2(count > 0, qPrintable(clause));
                 found += count;
             }
         }
         QCOMPARE(found, static_cast<int>(m_shipped.entries.size()));
+        basDatabase::CloseDatabase();
     }
 };
 
