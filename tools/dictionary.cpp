@@ -58,7 +58,7 @@ const QRegularExpression &fluff()
     static const QRegularExpression words(
         QStringLiteral("\\b(?:adorable|amazing|awesome|beautiful princess|brave warrior|cute|"
                        "gift from heaven|heavenly gift|like an angel|little princess|magical|"
-                       "perfect one|special)\\b"),
+                       "perfect one)\\b"),
         QRegularExpression::CaseInsensitiveOption | QRegularExpression::UseUnicodePropertiesOption);
     return words;
 }
