@@ -21,8 +21,9 @@ std::unique_ptr<icu::Collator> icuCollator()
 {
     UErrorCode error = U_ZERO_ERROR;
     auto collator = std::make_unique<icu::RuleBasedCollator>(
-        u"&b<<ɓ &d<<ð<<ɗ<<ɖ &e<<ə<<ɛ<<ǝ &f<<ƒ &g<<ǥ<<ɣ &i<<ı<<ɨ<<ɩ &k<<ƙ &n<<ŋ<<ɲ &o<<ɔ &t<<ŧ "
-        u"&th<<þ &u<<ʉ<<ʊ &v<<ʋ &y<<ƴ &z<<ʒ &''<<‘<<’<<ʻ<<ʼ",
+        u"&b<<ɓ<<<Ɓ &d<<ð<<<Ð<<ɗ<<<Ɗ<<ɖ<<<Ɖ &e<<ə<<<Ə<<ɛ<<<Ɛ<<ǝ<<<Ǝ &f<<ƒ<<<Ƒ &g<<ǥ<<<Ǥ<<ɣ<<<Ɣ "
+        u"&i<<ı<<ɨ<<<Ɨ<<ɩ<<<Ɩ &k<<ƙ<<<Ƙ &n<<ŋ<<<Ŋ<<ɲ<<<Ɲ &o<<ɔ<<<Ɔ &t<<ŧ<<<Ŧ &th<<þ<<<Þ "
+        u"&u<<ʉ<<<Ʉ<<ʊ<<<Ʊ &v<<ʋ<<<Ʋ &y<<ƴ<<<Ƴ &z<<ʒ<<<Ʒ &''<<‘<<’<<ʻ<<ʼ",
         error);
     collator->setStrength(icu::Collator::SECONDARY);
     collator->setAttribute(UCOL_NORMALIZATION_MODE, UCOL_ON, error);
@@ -72,7 +73,7 @@ private Q_SLOTS:
             check(any(texts), any(texts));
 
         const QString letters =
-            QStringLiteral("aEéÊeệæØoßsıİiłL1 -'’;.\u0301\u0323\u0302\u0001dðđ");
+            QStringLiteral("aEéÊeệæØoßsıİiłL1 -'’;.\u0301\u0323\u0302\u0001dðÐđəƏþÞŋŊɔƆ");
         const auto anyText = [&] {
             QString text;
             for (auto length = random() % 6; length > 0; --length)

@@ -107,7 +107,8 @@ private Q_SLOTS:
         QVERIFY(m_shipped.entries.size() >= 10'000);
         const QStringList origins = dictionary::countByOrigin(m_shipped.entries).keys();
         QVERIFY(origins.size() >= 60);
-        QCOMPARE(dictionary::readReviews(shippedFile("reviews.tsv")).keys(), origins);
+        for (const QString &origin : dictionary::readReviews(shippedFile("reviews.tsv")).keys())
+            QVERIFY2(origins.contains(origin), qPrintable(origin));
 
         const dictionary::Coverage covered = dictionary::coverage(
             m_shipped.entries,
