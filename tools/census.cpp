@@ -169,14 +169,15 @@ double Coverage::share(QChar sex) const
 
 Coverage coverage(const std::vector<Entry> &entries, const std::vector<GivenName> &given)
 {
+    // Registries drop inner capitals: their Mckenzie is McKenzie.
     QSet<std::pair<QString, QChar>> known;
     for (const Entry &entry : entries)
-        known.insert({entry.name, entry.sex});
+        known.insert({entry.name.toCaseFolded(), entry.sex});
 
     Coverage covered;
     for (const GivenName &name : given) {
         covered.births.of(name.sex) += name.births;
-        if (known.contains({name.name, name.sex}))
+        if (known.contains({name.name.toCaseFolded(), name.sex}))
             covered.found.of(name.sex) += name.births;
         else
             covered.missing.push_back(name);

@@ -48,7 +48,7 @@ struct GivenName
 /// @throws std::runtime_error naming file and line
 std::vector<GivenName> readGivenNames(const QString &path);
 
-/// How many of the children find their name, in their spelling and for their sex.
+/// How many of the children find their name, in their spelling (capitals aside) and for their sex.
 struct Coverage
 {
     BySex births;

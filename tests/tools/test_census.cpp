@@ -68,18 +68,18 @@ private Q_SLOTS:
                                 "Irish: 13 entries have the meaning \"bright, fair\""));
     }
 
-    void coverage_goesBySpellingAndSex()
+    void coverage_goesBySpellingAndSexNotByCapitals()
     {
         const QTemporaryDir folder;
         const QString file = folder.filePath(QStringLiteral("given.tsv"));
-        support::writeFile(file, "# note\nJosé\tB\t30\nJose\tB\t10\nAlex\tG\t5\nAlex\tB\t60\n");
+        support::writeFile(file, "# note\nJosé\tB\t30\nJose\tB\t10\nMccoy\tG\t5\nMccoy\tB\t60\n");
         const dictionary::Coverage covered = dictionary::coverage(
-            support::entries({"José|B|Spanish|form of Joseph", "Alex|G|Greek|short form"}),
+            support::entries({"José|B|Spanish|form of Joseph", "McCoy|G|English|surname"}),
             dictionary::readGivenNames(file));
         QCOMPARE(covered.share(u'B'), 0.3);
         QCOMPARE(covered.share(u'G'), 1.0);
         QCOMPARE(covered.missing.size(), std::size_t(2));
-        QCOMPARE(covered.missing.front().name, QStringLiteral("Alex"));
+        QCOMPARE(covered.missing.front().name, QStringLiteral("Mccoy"));
         for (const char *bad : {"José\tB\n", "José\tb\t30\n", "José\tB\tmany\n"}) {
             support::writeFile(file, bad);
             QVERIFY_THROWS_EXCEPTION(std::runtime_error, dictionary::readGivenNames(file));
@@ -107,8 +107,7 @@ private Q_SLOTS:
         QVERIFY(m_shipped.entries.size() >= 10'000);
         const QStringList origins = dictionary::countByOrigin(m_shipped.entries).keys();
         QVERIFY(origins.size() >= 60);
-        for (const QString &origin : dictionary::readReviews(shippedFile("reviews.tsv")).keys())
-            QVERIFY2(origins.contains(origin), qPrintable(origin));
+        QCOMPARE(dictionary::readReviews(shippedFile("reviews.tsv")).keys(), origins);
 
         const dictionary::Coverage covered = dictionary::coverage(
             m_shipped.entries,
