@@ -138,9 +138,10 @@ int sample(const QString &data, const QString &countText, const QString &seedTex
         seedText.isEmpty() ? QRandomGenerator::global()->generate() : seedText.toUInt(&isSeed);
     if (!isCount || !isSeed)
         throw shipped::BuildError(QStringLiteral("the count and the seed are whole numbers"));
-    print(QStringLiteral("# %1 entries, seed %2\n").arg(count).arg(seed));
-    for (const dictionary::Entry &entry :
-         dictionary::sample(readDictionary(QDir(data)), count, seed))
+    const std::vector<dictionary::Entry> drawn =
+        dictionary::sample(readDictionary(QDir(data)), count, seed);
+    print(QStringLiteral("# %1 entries, seed %2\n").arg(drawn.size()).arg(seed));
+    for (const dictionary::Entry &entry : drawn)
         print(QStringLiteral("%1\t%2\t%3\t%4\n")
                   .arg(entry.name, entry.sex, entry.origin, entry.meaning));
     return 0;
