@@ -41,7 +41,7 @@ public:
             else if (token.isWord(u"where"))
                 addBounds(i);
             else if (token.kind == SqlToken::Kind::Literal && token.text.front() == u'"')
-                replace(token.position, token.text.size(), sqlLiteral(token.literalText()));
+                replaceLiteral(token);
         }
         // A limit stands behind every condition added at the same place.
         m_edits.insert(m_edits.end(), m_limits.begin(), m_limits.end());
@@ -55,6 +55,11 @@ private:
             throw EngineError(EngineError::Reason::Syntax,
                               QStringLiteral("The statement contains a character that cannot be "
                                              "stored."));
+        if (!m_tokens.empty() && m_tokens.back().kind == SqlToken::Kind::Literal
+            && !m_tokens.back().isClosed())
+            throw EngineError(
+                EngineError::Reason::Syntax,
+                QStringLiteral("Syntax error in the statement near %1.").arg(m_tokens.back().text));
         const auto semicolon = std::ranges::find_if(
             m_tokens, [](const SqlToken &token) { return token.isSign(u";"); });
         if (semicolon != m_tokens.end() && semicolon + 1 != m_tokens.end())
@@ -84,7 +89,7 @@ private:
 
     void translateSelect(std::size_t select)
     {
-        const std::size_t end = endOfPart(select + 1, {u"union"});
+        const std::size_t end = endOfPart(select + 1, {u"union", u"except", u"intersect"});
         const bool hasTop = select + 2 < end && m_tokens[select + 1].isWord(u"top")
                             && m_tokens[select + 2].kind == SqlToken::Kind::Number;
         if (hasTop) {
@@ -107,10 +112,22 @@ private:
     void addBounds(std::size_t where)
     {
         const std::size_t end =
-            endOfPart(where + 1, {u"group", u"order", u"having", u"limit", u"union", u"returning"});
+            endOfPart(where + 1, {u"group", u"order", u"having", u"window", u"limit", u"union",
+                                  u"except", u"intersect", u"returning"});
         const Tokens condition = Tokens(m_tokens).subspan(where + 1, end - where - 1);
         for (const Bound &bound : impliedBounds(condition, m_textColumns))
             replace(bound.position, bound.length, bound.condition);
+    }
+
+    void replaceLiteral(const SqlToken &token)
+    {
+        // Two literals that touch would become one.
+        const auto isQuote = [this](qsizetype at) { return m_statement.mid(at, 1) == u"'"; };
+        const QString gap =
+            token.position > 0 && isQuote(token.position - 1) ? QStringLiteral(" ") : QString();
+        const QString gapBehind = isQuote(token.end()) ? QStringLiteral(" ") : QString();
+        replace(token.position, token.text.size(),
+                gap % sqlLiteral(token.literalText()) % gapBehind);
     }
 
     void replace(qsizetype position, qsizetype length, const QString &replacement)

@@ -20,7 +20,8 @@ struct Translation
 /// else passes as it stands; what the engine cannot read it reports itself.
 ///
 /// @param textColumns  the columns ordered by the dictionary's collation, in lower case
-/// @throws EngineError for text behind the end of the statement and for a zero character in it
+/// @throws EngineError for text behind the end of the statement, for a literal without its closing
+///                     quote and for a zero character
 Translation translateStatement(const QString &statement, const QSet<QString> &textColumns);
 
 } // namespace dbaccess

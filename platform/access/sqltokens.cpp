@@ -67,8 +67,7 @@ bool SqlToken::isWord(QStringView keyword) const
 QString SqlToken::literalText() const
 {
     const QChar quote = text.front();
-    const bool isClosed = text.size() >= 2 && text.back() == quote;
-    QString inner = text.sliced(1, text.size() - (isClosed ? 2 : 1)).toString();
+    QString inner = text.sliced(1, text.size() - (isClosed() ? 2 : 1)).toString();
     return inner.replace(QString(2, quote), QString(quote));
 }
 

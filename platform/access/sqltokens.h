@@ -29,6 +29,8 @@ struct SqlToken
     bool isSign(QStringView sign) const { return kind == Kind::Sign && text == sign; }
     bool isName() const { return kind == Kind::Word || kind == Kind::BracketedName; }
     qsizetype end() const { return position + text.size(); }
+    /// Whether a literal has its closing quote; one that lacks it takes the rest of the statement.
+    bool isClosed() const { return text.count(text.front()) % 2 == 0; }
     /// The text that a literal stands for: quotes removed, doubled quotes single.
     QString literalText() const;
 };

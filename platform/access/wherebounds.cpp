@@ -156,6 +156,14 @@ bool keepsWithin(const Keyset &keyset, QStringView sign, const QString &column, 
     return sign == u">" ? order >= 0 : order < 0;
 }
 
+/// Marks with no letter before them count in the order of texts, but not in a pattern.
+bool beginsWithLetter(const std::string &utf8)
+{
+    ElementReader reader(utf8);
+    Element first;
+    return reader.next(first) && first.primary != 0;
+}
+
 std::optional<Bound> prefixBound(Tokens conjunct, const QSet<QString> &textColumns,
                                  const std::optional<Keyset> &keyset)
 {
@@ -168,9 +176,9 @@ std::optional<Bound> prefixBound(Tokens conjunct, const QSet<QString> &textColum
     const qsizetype length =
         std::ranges::find_if(pattern, [](QChar c) { return c == u'%' || c == u'_'; })
         - pattern.begin();
-    if (length == 0)
-        return std::nullopt;
     const QString prefix = pattern.first(length);
+    if (!beginsWithLetter(prefix.toStdString()))
+        return std::nullopt;
     const QString beyond = prefix + QString::fromUcs4(U"\U0010ffff", 1);
     const QString column = comparison->columnText.toString();
     // Of two bounds on the same side the engine might read the index from the wider one.

@@ -25,7 +25,7 @@ struct Bound
 /// - A page's key is a chain of "or"s, for which the engine would visit every row. It is a
 ///   comparison of rows, which takes its place:
 ///   ((a > 'x') or (a = 'x' and b > 'y'))  ->  (a, b) > ('x', 'y')
-/// - A pattern with a fixed beginning lies in a range:
+/// - A pattern with a fixed beginning, from a letter or sign on, lies in a range:
 ///   a like 'Än%' -> and a >= 'Än' and a < 'Än' followed by the last character of all.
 ///   If the beginning has no accents and "%" alone follows it, the range is the very same
 ///   condition and takes the pattern's place. An end of the range that the key has already passed

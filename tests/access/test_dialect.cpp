@@ -37,6 +37,7 @@ private Q_SLOTS:
         same("select top from t");
         same("select a from t where a = 'it''s'");
         row("select a from t where a = \"it's\"", "select a from t where a = 'it''s'");
+        row("select 'a'\"b\"'c'", "select 'a' 'b' 'c'");
         // A page's key is a comparison of rows.
         row("select a from t where k = 'm' and ((n > 'd')  or (n = 'd' and s > 'B') ) order by n",
             "select a from t where k = 'm' and (n, s) > ('d', 'B') order by n");
@@ -60,6 +61,11 @@ private Q_SLOTS:
             "select a from t where n >= 'M' and n < 'M\U0010ffff' and (n, s) > ('la', 'B')");
         row("select a from t where n like 'M%' and ((o > 'ma') or (o = 'ma' and s > 'B'))",
             "select a from t where n >= 'M' and n < 'M\U0010ffff' and (o, s) > ('ma', 'B')");
+        row("select a from t where ((n > 'ma') or (n = 'ma' and s > 'B')) and k = '1' except "
+            "select top 2 a from t where k = '2' and n like 'M%' intersect select b from u",
+            "select a from t where (n, s) > ('ma', 'B') and k = '1' except select  a from t "
+            "where k = '2' and n >= 'M' and n < 'M\U0010ffff' limit 2 + 0 intersect select b from "
+            "u");
         // A pattern's fixed beginning is a range, on text columns only.
         row("select a from t where n like 'An%' and k = 'x'",
             "select a from t where n >= 'An' and n < 'An\U0010ffff' and k = 'x'");
@@ -73,6 +79,7 @@ private Q_SLOTS:
             "select  a from t where t.n like 'O''N_' and t.n >= 'O''N' and t.n < "
             "'O''N\U0010ffff'  limit 2 + 0");
         same("select a from t where n like '%an%'");
+        same("select a from t where n like '\u0301An%'");
         same("select a from t where k like 'An%'");
         same("select a from t where n not like 'An%'");
         same("select a from t where n like 'An%' or k = '1'");
@@ -97,10 +104,13 @@ private Q_SLOTS:
         QCOMPARE(translation.sql, QStringLiteral("select a, b  from t where a = 'into x from'"));
     }
 
-    void secondStatement_isRefused()
+    void unreadableStatement_isRefused()
     {
-        for (const QString &statement : {QStringLiteral("delete from t; drop table t"),
-                                         QString(QStringLiteral("select 1") % QChar(0))})
+        for (const QString &statement :
+             {QStringLiteral("delete from t; drop table t"),
+              QString(QStringLiteral("select 1") % QChar(0)),
+              QStringLiteral("select a from t where a = \"x"), QStringLiteral("select 'it''s"),
+              QStringLiteral("select '")})
             QVERIFY_THROWS_EXCEPTION(EngineError, dbaccess::translateStatement(statement, {}));
         dbaccess::translateStatement(QStringLiteral("select a from t where a = ';x'; "), {});
     }
