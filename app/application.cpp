@@ -6,6 +6,8 @@
 #include "db/programend.h"
 #include "platform/dialogs/messagebox.h"
 
+#include <QAccessibleWidget>
+#include <QFrame>
 #include <QIcon>
 
 #include <optional>
@@ -28,13 +30,31 @@ std::optional<int> exitCodeOf(const Function &function)
     }
 }
 
+/// What windows and frames of ours are to screen readers. By itself the toolkit takes a window for
+/// one of the parts that only hold others, and any frame for what on Linux is called a window.
+QAccessibleInterface *accessibleFrame(const QString &className, QObject *object)
+{
+    auto *widget = qobject_cast<QWidget *>(object);
+    if (widget && widget->isWindow() && className.startsWith(u"frm"))
+        return new QAccessibleWidget(widget, QAccessible::Window);
+    const auto *frame = qobject_cast<QFrame *>(object);
+    if (!frame || className != u"QFrame")
+        return nullptr;
+    const bool isLine =
+        frame->frameShape() == QFrame::VLine || frame->frameShape() == QFrame::HLine;
+    return new QAccessibleWidget(widget, isLine ? QAccessible::Separator : QAccessible::Grouping);
+}
+
 } // namespace
 
 Application::Application(int &argc, char **argv) : QApplication(argc, argv)
 {
     setApplicationName(QStringLiteral("tovarin"));
+    // What the desktop knows the program by: its icon, its name in lists of windows.
+    setDesktopFileName(QStringLiteral("org.tovarin.tovarin"));
     // The program ends when a window says so, not because one gives way to the next.
     setQuitOnLastWindowClosed(false);
+    QAccessible::installFactory(accessibleFrame);
     QIcon icon;
     for (const int size : {16, 24, 32, 48, 64, 128, 256})
         icon.addFile(QStringLiteral(":/app/tovarin-%1.png").arg(size), QSize(size, size));

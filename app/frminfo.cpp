@@ -69,6 +69,9 @@ void frmInfo::setUpTabKeys()
         auto *shortcut = new QShortcut(keys, this);
         connect(shortcut, &QShortcut::activated, this, [this, step] {
             m_tabs->setCurrentIndex((m_tabs->currentIndex() + step + TabCount) % TabCount);
+            // A page without a control would have the focus itself, and nobody would hear of it.
+            if (const QWidget *focus = focusWidget(); focus && focus->focusPolicy() == Qt::NoFocus)
+                m_tabs->setFocus();
         });
     };
     goOnBy(QKeySequence::NextChild, +1);
@@ -120,7 +123,7 @@ void frmInfo::setUpSteps()
 {
     connect(m_search, &search::SearchFrame::shortlistSaved, this, [this] {
         m_tabs->setCurrentIndex(WorksheetTab);
-        m_topN->setFocus();
+        m_topN->takeFocus();
     });
     connect(m_topN, &shortlist::TopNFrame::opened, this, [this] { showStep(m_topN); });
     connect(m_topN, &shortlist::TopNFrame::nextRequested, this, [this] {
@@ -137,7 +140,7 @@ void frmInfo::setUpSteps()
             [this] { showReport(PrintReportType::Initial); });
     connect(m_worksheet, &worksheet::WorksheetFrame::backRequested, this, [this] {
         showStep(m_topN);
-        m_topN->setFocus();
+        m_topN->takeFocus();
     });
 }
 

@@ -5,6 +5,7 @@
 
 #include "db/basdatabase.h"
 #include "layout/basresize.h"
+#include "layout/twips.h"
 #include "ui_frmsplash.h"
 
 #include <QCloseEvent>
@@ -17,6 +18,11 @@ frmSplash::frmSplash() : m_ui(std::make_unique<Ui::frmSplash>())
                             : QStringLiteral(":/app/splash.png"));
     picture.setDevicePixelRatio(isDense ? 2 : 1);
     m_ui->ImgImage->setPixmap(picture);
+    for (QLabel *label : {m_ui->lblProgramName, m_ui->lblNotice_0, m_ui->lblNotice_1}) {
+        QFont font = label->font();
+        font.setPointSizeF(font.pointSizeF() * layout::textScale());
+        label->setFont(font);
+    }
 
     basDatabase::OpenDatabase();
     m_ui->lblVersion->setText(basDatabase::VersionLine());

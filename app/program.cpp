@@ -5,12 +5,18 @@
 
 #include "app/frminfo.h"
 #include "app/frmsplash.h"
+#include "layout/twips.h"
+#include "platform/browser/browserpane.h"
 #include "reports/frmterms.h"
 #include "reports/frmtovarinhelp.h"
 
 #include <QCoreApplication>
 
-Program::Program() = default;
+Program::Program()
+{
+    browser::setTextScale(layout::textScale());
+}
+
 Program::~Program() = default;
 
 void Program::start()

@@ -3,6 +3,8 @@
 
 #include "layout/basapi.h"
 
+#include "layout/twips.h"
+
 #include <QGuiApplication>
 #include <QScreen>
 
@@ -11,7 +13,7 @@ namespace basAPI {
 void GetScreenResolution(std::int16_t &outWidth, std::int16_t &outHeight)
 {
     const QScreen *screen = QGuiApplication::primaryScreen();
-    const QSize size = screen ? screen->size() : QSize();
+    const QSize size = (screen ? screen->size() : QSize()) / layout::textScale();
     outWidth = static_cast<std::int16_t>(size.width());
     outHeight = static_cast<std::int16_t>(size.height());
 }

@@ -9,7 +9,7 @@
 namespace basAPI {
 
 /// The size of the screen in pixels: those that windows are laid out in, so a screen that shows
-/// everything at twice the size counts half as many.
+/// everything, or just the texts, at twice the size counts half as many.
 void GetScreenResolution(std::int16_t &outWidth, std::int16_t &outHeight);
 
 } // namespace basAPI

@@ -3,9 +3,11 @@
 
 #include "layout/twips.h"
 
+#include <QFontInfo>
 #include <QGuiApplication>
 #include <QScreen>
 
+#include <algorithm>
 #include <cmath>
 
 namespace layout {
@@ -14,6 +16,7 @@ namespace {
 
 constexpr double twipsPerInch = 1440.0;
 constexpr double usualDotsPerInch = 96.0;
+constexpr double usualPointSize = 9.0; // of the font that the layouts were made with
 
 double dotsPerInch()
 {
@@ -23,9 +26,14 @@ double dotsPerInch()
 
 } // namespace
 
+double textScale()
+{
+    return std::max(1.0, QFontInfo(QGuiApplication::font()).pointSizeF() / usualPointSize);
+}
+
 int pixelsFromTwips(int twips)
 {
-    return static_cast<int>(std::lround(twips * dotsPerInch() / twipsPerInch));
+    return static_cast<int>(std::lround(twips * dotsPerInch() * textScale() / twipsPerInch));
 }
 
 QSize pixelsFromTwips(QSize twips)

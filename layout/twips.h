@@ -7,6 +7,10 @@
 
 namespace layout {
 
+/// How much larger the user's font is than the one that the windows are made for; at least 1. All
+/// sizes grow with it, so that texts keep their room.
+double textScale();
+
 /// Sizes of windows and controls are given in twips, 1440 to the inch, and turned into pixels by
 /// the screen's logical resolution. Rounded to the nearest pixel.
 int pixelsFromTwips(int twips);

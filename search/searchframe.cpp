@@ -13,6 +13,7 @@
 #include "ui_searchframe.h"
 
 #include <QKeyEvent>
+#include <QLineEdit>
 
 namespace search {
 
@@ -39,6 +40,8 @@ SearchFrame::SearchFrame(QWidget *parent)
     m_ui->setupUi(this);
     setUpResultGrid();
     setUpBrowseKeys();
+    // The part of the list that has the focus.
+    m_ui->cboOrigin->lineEdit()->setAccessibleName(m_ui->cboOrigin->accessibleName());
     setUpPageButtons();
     connect(m_ui->cmdSearch, &QPushButton::clicked, this,
             [this] { runBrowse(BrowseMode::Search); });

@@ -32,7 +32,6 @@ TopNFrame::TopNFrame(QWidget *parent) : QWidget(parent), m_ui(std::make_unique<U
     m_result = {.grid = m_ui->msfResult, .column = FirstFreeColumn + 1, .rowsThatScroll = 16};
     setUpRanks(m_previous);
     setUpRanks(m_result);
-    setFocusProxy(m_result.grid);
 
     connect(m_ui->lstTopNList, &QListWidget::itemClicked, this,
             [this] { takeFreeRank(m_ui->lstTopNList->currentRow()); });
@@ -96,11 +95,18 @@ void TopNFrame::CheckResultTable()
     Q_EMIT opened();
 }
 
+void TopNFrame::takeFocus()
+{
+    (m_result.grid->rowCount() > 1 ? m_result : m_previous).grid->setFocus();
+}
+
 void TopNFrame::formatGrid(const Ranks &ranks, int columns) const
 {
     ranks.grid->setFormatString(rankingFormat(m_topN));
     ranks.grid->setColumnCount(columns);
     ranks.grid->setRowCount(1);
+    // Below, the ranks have a column of their own without a heading on screen.
+    ranks.grid->setAccessibleHeading(ranks.column, topNTitle());
 }
 
 void TopNFrame::DisplayPreviousRecords()
@@ -146,7 +152,6 @@ void TopNFrame::DisplayResultRecords()
         basResize::FitGridRows(page);
     }
     page.setCurrentCell(1, m_result.column);
-    setFocusProxy(page.rowCount() > 1 ? m_result.grid : m_previous.grid);
     listFreeRanks();
 }
 

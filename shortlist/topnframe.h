@@ -45,6 +45,10 @@ public:
     /// nothing to open.
     void CheckResultTable();
 
+    /// Sets the focus on the names to rank, or on the ranking if there are none left. Not by a
+    /// focus proxy: on its way Tab would go through that to the lower grid, past the upper one.
+    void takeFocus();
+
     /// The names in the upper grid, from its first row to its last.
     QStringList topNNames() const;
 

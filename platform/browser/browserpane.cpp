@@ -6,6 +6,7 @@
 #include "platform/browser/page.h"
 #include "platform/browser/printjob.h"
 
+#include <QAccessible>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QVBoxLayout>
@@ -110,7 +111,13 @@ void BrowserPane::makeView()
     layout()->addWidget(m_view);
     setFocusProxy(m_view);
     m_printJob = new PrintJob(m_view);
-    connect(m_page, &QWebEnginePage::loadFinished, this, [this] { Q_EMIT documentComplete(); });
+    connect(m_page, &QWebEnginePage::loadFinished, this, [this] {
+        // The part of the view that has the focus; the browser may have made a new one.
+        if (QWidget *inner = m_view->focusProxy())
+            inner->installEventFilter(this);
+        tellFocus(true);
+        Q_EMIT documentComplete();
+    });
     // When the browser has dealt with its loss itself.
     connect(m_page, &QWebEnginePage::renderProcessTerminated, this, &BrowserPane::recover,
             Qt::QueuedConnection);
@@ -123,6 +130,31 @@ void BrowserPane::makeView()
     connect(m_printJob, &PrintJob::started, this, &BrowserPane::printStarted);
     connect(m_printJob, &PrintJob::finished, this, &BrowserPane::printFinished);
     loadContent();
+}
+
+bool BrowserPane::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::FocusIn)
+        tellFocus(false);
+    return QWidget::eventFilter(watched, event);
+}
+
+/// Only when Tab leads from control to control into the page does the browser tell a screen reader
+/// where the focus is; else that hears of a part of the view that has no name.
+void BrowserPane::tellFocus(bool isNewDocument)
+{
+    const auto tell = [this, isNewDocument] {
+        QAccessibleInterface *view = QAccessible::queryAccessibleInterface(m_view);
+        QAccessibleInterface *document = view && hasFocus() ? view->child(0) : nullptr;
+        // Else the focus may be on a link in it. A new document has it itself, but may not say so
+        // yet.
+        if (document && (isNewDocument || document->state().focused)) {
+            QAccessibleEvent event(document, QAccessible::Focus);
+            QAccessible::updateAccessibility(&event);
+        }
+    };
+    if (QAccessible::isActive())
+        QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
 }
 
 void BrowserPane::recover()

@@ -25,6 +25,10 @@ void prepareProcess();
 /// The one folder whose files the panes may show. To be called before the first pane is shown.
 void setPageFolder(const QString &folder);
 
+/// How large the texts of pages are; 1 is their usual size. To be called before the first pane is
+/// shown.
+void setTextScale(double scale);
+
 /// Whether a pane may load an address: a file of the page folder, or "about:blank".
 bool isAllowed(const QUrl &url);
 
@@ -82,12 +86,14 @@ Q_SIGNALS:
     void printFinished(const browser::PrintResult &result);
 
 protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
     void showEvent(QShowEvent *event) override;
 
 private:
     void makeView();
     void loadContent();
     void recover();
+    void tellFocus(bool isNewDocument);
 
     std::shared_ptr<QWebEngineProfile> m_profile;
     QWebEngineView *m_view = nullptr; ///< null until the pane is first seen

@@ -15,11 +15,16 @@
 #include <QWebEngineSettings>
 #include <QWebEngineUrlRequestInterceptor>
 
+#include <cmath>
+
 namespace browser {
 
 namespace {
 
 QString thePageFolder;
+double theTextScale = 1;
+
+constexpr int usualFontSize = 16; // pixels
 
 /// Stops every request that leaves the page folder, whatever asks for it.
 class RequestGuard final : public QWebEngineUrlRequestInterceptor
@@ -96,6 +101,11 @@ void setPageFolder(const QString &folder)
     thePageFolder = QDir(folder).absolutePath();
 }
 
+void setTextScale(double scale)
+{
+    theTextScale = scale;
+}
+
 bool isAllowed(const QUrl &url)
 {
     if (url == QUrl(QStringLiteral("about:blank")))
@@ -130,6 +140,8 @@ std::shared_ptr<QWebEngineProfile> sharedProfile()
         settings.setAttribute(QWebEngineSettings::AutoLoadIconsForPage, false);
         settings.setAttribute(QWebEngineSettings::NavigateOnDropEnabled, false);
         settings.setAttribute(QWebEngineSettings::LocalContentCanAccessRemoteUrls, false);
+        settings.setFontSize(QWebEngineSettings::DefaultFontSize,
+                             static_cast<int>(std::lround(usualFontSize * theTextScale)));
         settings.setFontFamily(QWebEngineSettings::StandardFont, QGuiApplication::font().family());
         shared = profile;
     }

@@ -9,8 +9,6 @@
 #include "platform/grid/gridmodel.h"
 #include "platform/grid/redrawlock.h"
 
-#include <QAccessible>
-
 #include <algorithm>
 
 namespace grid {
@@ -137,14 +135,13 @@ void FlexGrid::setAccessibleText(int row, int col, const QString &text)
     const QModelIndex index = cellIndex(row, col);
     m_model->setData(index, text, Qt::AccessibleTextRole);
     // The view tells of changed cells, but not that what is said of this one has changed.
-    if (!QAccessible::isActive() || m_redrawLocks > 0 || index != currentIndex())
-        return;
-    QAccessibleInterface *table = QAccessible::queryAccessibleInterface(this);
-    if (table && table->tableInterface()) {
-        QAccessibleEvent event(table->tableInterface()->cellAt(row - 1, col),
-                               QAccessible::NameChanged);
-        QAccessible::updateAccessibility(&event);
-    }
+    if (m_redrawLocks == 0 && index == currentIndex())
+        tellScreenReader(index, QAccessible::NameChanged);
+}
+
+void FlexGrid::setAccessibleHeading(int col, const QString &text)
+{
+    m_model->setHeaderData(col, Qt::Horizontal, text, Qt::AccessibleTextRole);
 }
 
 void FlexGrid::addItem(const QString &tabSeparated)

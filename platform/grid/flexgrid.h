@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QAccessible>
 #include <QPointer>
 #include <QTableView>
 
@@ -46,6 +47,8 @@ public:
     /// What a screen reader says for the cell, at once if it is the current one; if empty it says
     /// the cell's text.
     void setAccessibleText(int row, int col, const QString &text);
+    /// What a screen reader says for the heading; if empty it says the heading's text.
+    void setAccessibleHeading(int col, const QString &text);
     /// Appends a row; the first text goes to column 0 and surplus texts are dropped.
     void addItem(const QString &tabSeparated);
     /// The same from a list, whose texts may have tabs in them.
@@ -109,6 +112,7 @@ protected:
     void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
     void commitData(QWidget *editor) override;
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+    void focusInEvent(QFocusEvent *event) override;
     void hideEvent(QHideEvent *event) override;
     void inputMethodEvent(QInputMethodEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
@@ -137,6 +141,7 @@ private:
     void applyColumnWidths();
     void applyRowHeights(int firstRow, int lastRow);
     void takeUserWidth(int col, int pixels);
+    void tellScreenReader(const QModelIndex &index, QAccessible::Event change);
     QWidget *makeEditor(const QString &typed);
     void finishEdit(QWidget *editor, bool commit,
                     QAbstractItemDelegate::EndEditHint hint = QAbstractItemDelegate::NoHint);

@@ -4,6 +4,7 @@
 #include "platform/grid/comboeditor.h"
 #include "platform/grid/flexgrid.h"
 #include "platform/grid/griddelegate.h"
+#include "platform/grid/gridmodel.h"
 
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -86,9 +87,17 @@ bool FlexGrid::isEditing() const
 QWidget *FlexGrid::makeEditor(const QString &typed)
 {
     const QString cellText = m_editedCell.data().toString();
+    // A screen reader tells what is edited by the column's heading, or if it has none, by the grid.
+    const QString heading =
+        m_model->headerData(m_editedCell.column(), Qt::Horizontal, Qt::AccessibleTextRole)
+            .toString()
+            .trimmed();
+    const QString title = heading.isEmpty() ? accessibleName() : heading;
     if (!m_comboList.isEmpty()) {
         auto *combo = new ComboEditor(m_comboList.split(u'|'), cellText, viewport());
         combo->setFont(font());
+        combo->setAccessibleName(title);
+        combo->view()->setAccessibleName(title);
         connect(combo, &ComboEditor::finished, this,
                 [this, combo](bool commit, QAbstractItemDelegate::EndEditHint hint) {
                     finishEdit(combo, commit, hint);
@@ -97,6 +106,7 @@ QWidget *FlexGrid::makeEditor(const QString &typed)
     }
     auto *line = new QLineEdit(typed.isEmpty() ? cellText : typed, viewport());
     line->setFont(font());
+    line->setAccessibleName(title);
     line->setFrame(false);
     line->setAlignment(m_editedCell.data(Qt::TextAlignmentRole).value<Qt::Alignment>());
     // With the blank that the editor itself leaves, the text stays where the cell shows it.

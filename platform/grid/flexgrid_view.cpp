@@ -138,12 +138,40 @@ void FlexGrid::changeEvent(QEvent *event)
 
 void FlexGrid::currentChanged(const QModelIndex &current, const QModelIndex &previous)
 {
-    QTableView::currentChanged(current, previous);
+    // QTableView tells screen readers that the focus is now on this cell, also while it is
+    // elsewhere.
+    if (hasFocus())
+        QTableView::currentChanged(current, previous);
+    else
+        QAbstractItemView::currentChanged(current, previous);
     // The highlight is the whole row's; the base class repaints the two cells only.
     for (const QModelIndex &index : {current, previous}) {
         if (index.isValid())
             viewport()->update(0, rowViewportPosition(index.row()), viewport()->width(),
                                rowHeight(index.row()));
+    }
+}
+
+void FlexGrid::focusInEvent(QFocusEvent *event)
+{
+    QTableView::focusInEvent(event);
+    // A screen reader hears of the grid first, and then where in it one is.
+    const auto tellCell = [this] {
+        if (hasFocus())
+            tellScreenReader(currentIndex(), QAccessible::Focus);
+    };
+    QMetaObject::invokeMethod(this, tellCell, Qt::QueuedConnection);
+}
+
+void FlexGrid::tellScreenReader(const QModelIndex &index, QAccessible::Event change)
+{
+    if (!QAccessible::isActive() || !index.isValid())
+        return;
+    QAccessibleInterface *table = QAccessible::queryAccessibleInterface(this);
+    if (table && table->tableInterface()) {
+        QAccessibleEvent event(table->tableInterface()->cellAt(index.row(), index.column()),
+                               change);
+        QAccessible::updateAccessibility(&event);
     }
 }
 

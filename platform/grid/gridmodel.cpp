@@ -76,6 +76,8 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
     const Column &column = m_columns[static_cast<std::size_t>(section)];
     if (role == Qt::DisplayRole || role == Qt::EditRole)
         return column.heading;
+    if (role == Qt::AccessibleTextRole)
+        return column.accessibleHeading.isEmpty() ? column.heading : column.accessibleHeading;
     if (role == Qt::TextAlignmentRole)
         return QVariant::fromValue(column.alignment | Qt::AlignVCenter);
     return {};
@@ -90,6 +92,8 @@ bool GridModel::setHeaderData(int section, Qt::Orientation orientation, const QV
     Column &column = m_columns[static_cast<std::size_t>(section)];
     if (role == Qt::TextAlignmentRole)
         column.alignment = value.value<Qt::Alignment>() & Qt::AlignHorizontal_Mask;
+    else if (role == Qt::AccessibleTextRole)
+        column.accessibleHeading = value.toString();
     else
         column.heading = value.toString();
     if (announce)

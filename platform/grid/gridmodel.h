@@ -64,6 +64,7 @@ private:
     struct Column
     {
         QString heading;
+        QString accessibleHeading;
         Qt::Alignment alignment = Qt::AlignLeft;
     };
 

@@ -4,12 +4,15 @@
 #include "tests/support/pilot/pilot.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTest>
+#include <QUrl>
 
 #include <cstdio>
 
@@ -18,6 +21,8 @@ namespace pilot {
 namespace {
 
 constexpr int stepInterval = 1; // milliseconds
+constexpr int patience = 1000;  // milliseconds until an optional line is left out
+constexpr QStringView optional = u"maybe ";
 
 void say(const QString &text)
 {
@@ -75,6 +80,39 @@ void pick(QTableView *table, int row, int item)
         click(list, list->model()->index(item % list->model()->rowCount(), 0));
 }
 
+/// A text as a script has it: what would end it there, or can't stand there, is written as %xx.
+QString decoded(const QString &text)
+{
+    return QUrl::fromPercentEncoding(text.toUtf8());
+}
+
+void paste(QWidget *widget, const QString &text)
+{
+    auto *line = qobject_cast<QLineEdit *>(widget);
+    QGuiApplication::clipboard()->setText(text);
+    line->selectAll();
+    line->paste();
+}
+
+void pasteIntoCell(QTableView *table, int row, int column, const QString &text)
+{
+    click(table, table->model()->index(row % table->model()->rowCount(), column));
+    if (auto *editor = qobject_cast<QLineEdit *>(QApplication::focusWidget())) {
+        paste(editor, text);
+        QTest::keyClick(editor, Qt::Key_Return);
+    }
+}
+
+/// Whether the page within a pane is there, or what is shown in its place.
+bool isLoaded(const QWidget *pane)
+{
+    for (const QObject *part : pane->findChildren<QObject *>()) {
+        if (part->inherits("QWebEnginePage"))
+            return !part->property("loading").toBool();
+    }
+    return false;
+}
+
 QString rowsOf(const QTableView *table)
 {
     QString rows;
@@ -91,6 +129,11 @@ void act(const QString &verb, QWidget *widget, const QString &text)
         widget->close();
     else if (verb == u"type")
         QTest::keyClicks(widget, text);
+    else if (verb == u"paste")
+        paste(widget, decoded(text));
+    else if (verb == u"fill")
+        pasteIntoCell(qobject_cast<QTableView *>(widget), text.section(u' ', 0, 0).toInt(),
+                      text.section(u' ', 1, 1).toInt(), decoded(text.section(u' ', 2)));
     else if (verb == u"enter")
         QTest::keyClick(widget, Qt::Key_Return);
     else if (verb == u"tick")
@@ -108,6 +151,9 @@ void act(const QString &verb, QWidget *widget, const QString &text)
 
 Pilot::Pilot(const QStringList &script) : m_script(script)
 {
+    // A box may be the first thing to be seen.
+    while (m_script.value(0).startsWith(u"answer "))
+        run(m_script.takeFirst());
     connect(&m_timer, &QTimer::timeout, this, &Pilot::step);
     m_timer.start(stepInterval);
 }
@@ -117,7 +163,16 @@ void Pilot::step()
     if (answerBox() || m_script.isEmpty())
         return;
     const QString line = m_script.takeFirst();
-    if (!run(line))
+    const bool isOptional = line.startsWith(optional);
+    if (run(isOptional ? line.sliced(optional.size()) : line)) {
+        m_waited.invalidate();
+        return;
+    }
+    if (!m_waited.isValid())
+        m_waited.start();
+    if (isOptional && m_waited.hasExpired(patience))
+        m_waited.invalidate();
+    else
         m_script.prepend(line);
 }
 
@@ -156,6 +211,8 @@ bool Pilot::run(const QString &line)
         qobject_cast<QTabWidget *>(widget)->setCurrentIndex(name.toInt());
         return true;
     }
+    if (verb == u"page")
+        return isLoaded(widget);
     // From the event loop, not from the timer: what is done may open a box, and while one is open
     // the timer has to go on.
     QTimer::singleShot(0, widget, [=] { act(verb, widget, line.section(u' ', 2)); });
