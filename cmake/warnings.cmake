@@ -23,9 +23,22 @@ target_compile_definitions(tovarin_warnings INTERFACE
 # Asserts stay on in every build type: they are cheap here and guard the users' data.
 string(REPLACE "-DNDEBUG" "" CMAKE_CXX_FLAGS_RELEASE "${CMAKE_CXX_FLAGS_RELEASE}")
 
+# What a distribution asks of the programs it ships: checked buffers, no writable linkage tables.
+if(CMAKE_BUILD_TYPE STREQUAL Release)
+    target_compile_options(tovarin_warnings INTERFACE -fstack-protector-strong)
+    target_compile_definitions(tovarin_warnings INTERFACE _FORTIFY_SOURCE=2)
+    target_link_options(tovarin_warnings INTERFACE -Wl,-z,relro,-z,now)
+endif()
+
 if(TOVARIN_SANITIZE)
     set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=undefined
         -fno-omit-frame-pointer)
+    target_compile_options(tovarin_warnings INTERFACE ${sanitizers})
+    target_link_options(tovarin_warnings INTERFACE ${sanitizers})
+endif()
+
+if(TOVARIN_FUZZ)
+    set(sanitizers -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=undefined)
     target_compile_options(tovarin_warnings INTERFACE ${sanitizers})
     target_link_options(tovarin_warnings INTERFACE ${sanitizers})
 endif()

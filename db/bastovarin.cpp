@@ -79,9 +79,15 @@ QString ReadPassword()
         // An empty key file stays open while the program runs, so that nobody fills it meanwhile.
         static std::unique_ptr<QFile> keptOpen;
         keptOpen = std::move(file);
-        return {};
     }
-    const QByteArray line = firstLine(content);
+    return PasswordFrom(content);
+}
+
+QString PasswordFrom(const QByteArray &inpKeyFile)
+{
+    if (inpKeyFile.isEmpty())
+        return {};
+    const QByteArray line = firstLine(inpKeyFile);
     const QString password = DecodeText(QString::fromLatin1(line), PasswordKey());
     return password.isEmpty() ? noPassword.toString() : password;
 }

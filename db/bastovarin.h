@@ -28,8 +28,11 @@ QString EncodeText(const QString &inpText, const QString &inpKey);
 /// The key that the password in the key file is encoded with.
 QString PasswordKey();
 
-/// The password from the first line of "tovarin.dll": empty for an empty file, noPassword for an
-/// empty first line.
+/// The password from the content of a key file, its first line: empty for an empty file, noPassword
+/// for an empty first line.
+QString PasswordFrom(const QByteArray &inpKeyFile);
+
+/// The password from "tovarin.dll" in the program's folder.
 /// @throws dbaccess::EngineError if the file can't be opened
 QString ReadPassword();
 

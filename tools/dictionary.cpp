@@ -93,14 +93,9 @@ QString styleProblem(const QString &meaning)
 class FileReader
 {
 public:
-    explicit FileReader(const QString &path) : m_fileName(QFileInfo(path).fileName())
+    FileReader(const QByteArray &content, QString fileName) : m_fileName(std::move(fileName))
     {
-        QFile file(path);
-        if (!file.open(QIODevice::ReadOnly)) {
-            report(QStringLiteral("can't be read: %1").arg(file.errorString()));
-            return;
-        }
-        QList<QByteArray> lines = file.readAll().split('\n');
+        QList<QByteArray> lines = content.split('\n');
         if (lines.last().isEmpty())
             lines.removeLast();
         for (const QByteArray &line : lines) {
@@ -198,9 +193,18 @@ private:
 
 } // namespace
 
+Source readText(const QByteArray &content, const QString &fileName)
+{
+    return FileReader(content, fileName).take();
+}
+
 Source readFile(const QString &path)
 {
-    return FileReader(path).take();
+    const QString name = QFileInfo(path).fileName();
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {{}, {QStringLiteral("%1:1: can't be read: %2").arg(name, file.errorString())}};
+    return readText(file.readAll(), name);
 }
 
 Source readFolder(const QString &folder)
@@ -226,6 +230,23 @@ Source readFolder(const QString &folder)
     return all;
 }
 
+QByteArray sortedText(const QByteArray &content)
+{
+    // Lines are moved as they are, so that one that is not UTF-8 is not spoilt further.
+    QByteArrayList lines = content.split('\n');
+    lines.removeAll(QByteArray());
+    const auto entries = std::stable_partition(
+        lines.begin(), lines.end(), [](const QByteArray &line) { return line.startsWith('#'); });
+    std::stable_sort(entries, lines.end(), [](const QByteArray &a, const QByteArray &b) {
+        const QString lineA = QString::fromUtf8(a);
+        const QString lineB = QString::fromUtf8(b);
+        const int names =
+            dbaccess::compareTexts(lineA.section(u'\t', 0, 0), lineB.section(u'\t', 0, 0));
+        return names != 0 ? names < 0 : lineA.section(u'\t', 1, 1) < lineB.section(u'\t', 1, 1);
+    });
+    return lines.join('\n') + '\n';
+}
+
 bool sortFile(const QString &path)
 {
     QFile file(path);
@@ -233,15 +254,7 @@ bool sortFile(const QString &path)
         throw std::runtime_error(qPrintable(QString(path % u": " % file.errorString())));
     const QByteArray before = file.readAll();
     file.close();
-
-    QStringList lines = QString::fromUtf8(before).split(u'\n', Qt::SkipEmptyParts);
-    const auto entries = std::stable_partition(
-        lines.begin(), lines.end(), [](const QString &line) { return line.startsWith(u'#'); });
-    std::stable_sort(entries, lines.end(), [](const QString &a, const QString &b) {
-        const int names = dbaccess::compareTexts(a.section(u'\t', 0, 0), b.section(u'\t', 0, 0));
-        return names != 0 ? names < 0 : a.section(u'\t', 1, 1) < b.section(u'\t', 1, 1);
-    });
-    const QByteArray after = lines.join(u'\n').toUtf8() + '\n';
+    const QByteArray after = sortedText(before);
     if (after == before)
         return false;
     QSaveFile out(path);

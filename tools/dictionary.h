@@ -42,11 +42,17 @@ struct Source
 /// Reads one file. Its name serves for the problems.
 Source readFile(const QString &path);
 
+/// Reads the content of a file.
+Source readText(const QByteArray &content, const QString &fileName);
+
 /// Reads all "*.tsv" of a folder and checks that no entry stands twice in them.
 Source readFolder(const QString &folder);
 
-/// Sorts the entries of a file in place, and returns whether anything changed. Comments inside the
-/// list move to its front.
+/// The content of a file with its entries sorted. Comments inside the list move to its front, empty
+/// lines go.
+QByteArray sortedText(const QByteArray &content);
+
+/// Sorts the entries of a file in place, see sortedText(), and returns whether anything changed.
 /// @throws std::runtime_error if the file can't be read or written
 bool sortFile(const QString &path);
 

@@ -10,6 +10,7 @@
 
 #include "tools/census.h"
 #include "tools/shippeddatabase.h"
+#include "upgrade/programfolder.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -64,20 +65,20 @@ int build(const QString &data, const QString &folder)
 
 int place(const QString &shippedFolder, const QString &programFolder)
 {
-    switch (shipped::place(shippedFolder, programFolder)) {
-    case shipped::Placed::New:
-        say(QStringLiteral("mkdb: put the database into %1").arg(programFolder));
+    const upgrade::Placement placement = upgrade::place(shippedFolder, programFolder);
+    switch (placement.outcome) {
+    case upgrade::Outcome::Unchanged:
         break;
-    case shipped::Placed::Unchanged:
+    case upgrade::Outcome::New:
+        say(QStringLiteral("mkdb: the dictionary is in %1").arg(programFolder));
         break;
-    case shipped::Placed::KeptUserData:
-        say(QStringLiteral("mkdb: kept the database in %1, which holds ticks or lists of yours")
-                .arg(programFolder));
+    case upgrade::Outcome::CarriedOver:
+        say(upgrade::describe(placement));
         break;
-    case shipped::Placed::KeptUnknown:
-        say(QStringLiteral("mkdb: kept the database in %1, which can't be read; move it away to "
-                           "get a fresh one")
-                .arg(programFolder));
+    case upgrade::Outcome::KeptUnknown:
+        say(QStringLiteral("mkdb: %1 The database stays as it is; move it out of %2 to get a "
+                           "fresh one.")
+                .arg(upgrade::describe(placement), programFolder));
         break;
     }
     return 0;

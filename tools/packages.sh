@@ -6,9 +6,13 @@
 build_packages=(g++ cmake ninja-build ccache qt6-base-dev qt6-webengine-dev libgl-dev
     libsqlitecpp-dev libsqlite3-dev fonts-dejavu-core)
 # What the tests take besides.
-test_packages=(libicu-dev poppler-utils)
+test_packages=(libicu-dev poppler-utils clang libclang-rt-14-dev
+    xvfb openbox xdotool dbus at-spi2-core python3-pyatspi)
 # What ./lint takes besides.
-lint_packages=(clang-format clang-tidy shellcheck tidy)
+lint_packages=(clang-format clang-tidy shellcheck tidy pyflakes3)
+
+# What ./package takes besides.
+package_packages=(dpkg-dev file fakeroot patchelf desktop-file-utils appstream man-db lintian)
 
 install_packages() {
     local missing=() package

@@ -3,11 +3,9 @@
 
 #include "tools/shippeddatabase.h"
 
-#include "db/basdatabase.h"
 #include "db/bastovarin.h"
 #include "db/schema.h"
 #include "platform/access/collation.h"
-#include "platform/access/connection.h"
 #include "platform/access/databasebuilder.h"
 #include "platform/access/engineerror.h"
 
@@ -81,19 +79,6 @@ QStringList valuesOf(const Settings &settings)
     return {settings.maxSelect, settings.topN, settings.versionNo, settings.versionDate};
 }
 
-bool holdsUserData(dbaccess::Connection &connection)
-{
-    for (const QString &query : {QStringLiteral("select count(*) from tblmaster "
-                                                "where name_select = 'Y'"),
-                                 QStringLiteral("select count(*) from tblresult"),
-                                 QStringLiteral("select count(*) from tbltopn"),
-                                 QStringLiteral("select count(*) from tblinitial")}) {
-        if (connection.openRecordset(query).text(0) != u"0")
-            return true;
-    }
-    return false;
-}
-
 } // namespace
 
 Settings readSettings(const QString &path)
@@ -158,31 +143,6 @@ void writeDatabase(const std::vector<dictionary::Entry> &entries, const Settings
     }
     writeFile(target.filePath(QString::fromLatin1(keyFileName)),
               basTovarin::EncodeText(password, basTovarin::PasswordKey()).toLatin1() + '\n');
-}
-
-Placed place(const QString &shippedFolder, const QString &programFolder)
-{
-    const QDir from(shippedFolder);
-    const QDir to(programFolder);
-    const QString database = to.filePath(QString::fromLatin1(databaseName));
-    const QByteArray content = contentOf(from.filePath(QString::fromLatin1(databaseName)));
-    if (QFile::exists(database)) {
-        if (contentOf(database) == content)
-            return Placed::Unchanged;
-        try {
-            basTovarin::SetProgramFolder(programFolder);
-            dbaccess::Connection connection;
-            connection.open(basDatabase::ConnectionText(basTovarin::ReadPassword()));
-            if (holdsUserData(connection))
-                return Placed::KeptUserData;
-        } catch (const dbaccess::EngineError &) {
-            return Placed::KeptUnknown;
-        }
-    }
-    writeFile(database, content);
-    writeFile(to.filePath(QString::fromLatin1(keyFileName)),
-              contentOf(from.filePath(QString::fromLatin1(keyFileName))));
-    return Placed::New;
 }
 
 } // namespace shipped

@@ -39,11 +39,4 @@ QString readPassword(const QString &path);
 void writeDatabase(const std::vector<dictionary::Entry> &entries, const Settings &settings,
                    const QString &password, const QString &folder);
 
-enum class Placed { New, Unchanged, KeptUserData, KeptUnknown };
-
-/// Puts the shipped pair into the program's folder, unless the database there holds anything that
-/// a user ticked or saved, or can't be read: then both files stay.
-/// @throws BuildError
-Placed place(const QString &shippedFolder, const QString &programFolder);
-
 } // namespace shipped

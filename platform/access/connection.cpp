@@ -4,12 +4,10 @@
 #include "platform/access/connection.h"
 
 #include "platform/access/collation.h"
-#include "platform/access/connectionstring.h"
 #include "platform/access/dialect.h"
 #include "platform/access/engineerror.h"
 #include "platform/access/filestamp.h"
-
-#include <QFileInfo>
+#include "platform/access/openedfile.h"
 
 #include <SQLiteCpp/Column.h>
 #include <SQLiteCpp/Database.h>
@@ -20,22 +18,6 @@
 namespace dbaccess {
 
 namespace {
-
-/// How long a statement waits for another copy of the program, in milliseconds.
-constexpr int busyTimeout = 5000;
-
-ConnectionString checked(const QString &text)
-{
-    ConnectionString parsed = parseConnectionString(text);
-    if (parsed.driver.compare(driverName, Qt::CaseInsensitive) != 0)
-        throw EngineError(
-            EngineError::Reason::UnknownDriver,
-            QStringLiteral("There is no database driver named \"%1\".").arg(parsed.driver));
-    if (!QFileInfo::exists(parsed.file))
-        throw EngineError(EngineError::Reason::MissingFile,
-                          QStringLiteral("Could not find the file \"%1\".").arg(parsed.file));
-    return parsed;
-}
 
 QString quotedName(const QString &name)
 {
@@ -94,12 +76,13 @@ QString columnDefinitions(const SQLite::Statement &query, const ColumnKinds &kin
 
 struct Connection::Database
 {
-    explicit Database(const QString &file)
-        : engine(file.toStdString(), SQLite::OPEN_READWRITE, busyTimeout)
+    explicit Database(const QString &connectionString)
+        : opened(openFile(connectionString)), engine(*opened), columns(findColumnKinds(engine))
     {
     }
 
-    SQLite::Database engine;
+    std::unique_ptr<SQLite::Database> opened;
+    SQLite::Database &engine;
     ColumnKinds columns;
 };
 
@@ -109,23 +92,8 @@ Connection::~Connection() = default;
 void Connection::open(const QString &connectionString)
 {
     close();
-    const ConnectionString parsed = checked(connectionString);
     try {
-        auto database = std::make_unique<Database>(parsed.file);
-        SQLite::Database &engine = database->engine;
-        registerFunctions(engine);
-        verifyFile(engine);
-        verifyAccount(engine, {parsed.user, parsed.password});
-        // A file from elsewhere may not make the engine run more than its own statements.
-        engine.exec("pragma trusted_schema = off");
-        engine.exec("pragma journal_mode = delete");
-        engine.exec("pragma synchronous = full");
-        engine.exec("pragma temp_store = memory");
-        // The whole dictionary stays in memory, 32 MB of it at most.
-        engine.exec("pragma cache_size = -32768");
-        refreshCollation(engine);
-        database->columns = findColumnKinds(engine);
-        m_database = std::move(database);
+        m_database = std::make_unique<Database>(connectionString);
     } catch (const SQLite::Exception &exception) {
         throw EngineError(exception);
     }
@@ -195,6 +163,15 @@ void Connection::makePrivate(const QString &table)
         const QString create =
             u"create temp table " % name % u'(' % columnDefinitions(columns, opened.columns) % u')';
         opened.engine.exec(create.toStdString());
+    } catch (const SQLite::Exception &exception) {
+        throw EngineError(exception);
+    }
+}
+
+QString Connection::edition()
+{
+    try {
+        return QString::fromStdString(dbaccess::edition(openedDatabase().engine));
     } catch (const SQLite::Exception &exception) {
         throw EngineError(exception);
     }

@@ -3,8 +3,10 @@
 
 #include "platform/access/databasebuilder.h"
 
+#include "platform/access/collation.h"
 #include "platform/access/engineerror.h"
 
+#include <QCryptographicHash>
 #include <QFile>
 
 #include <SQLiteCpp/Database.h>
@@ -49,7 +51,15 @@ struct DatabaseBuilder::Work
     {
     }
 
+    /// What is put in makes the file's edition.
+    void count(const QString &text)
+    {
+        contents.addData(text.toUtf8());
+        contents.addData(QByteArrayView("\0", 1));
+    }
+
     SQLite::Database engine;
+    QCryptographicHash contents {QCryptographicHash::Sha256};
     std::optional<SQLite::Transaction> transaction;
     std::map<QString, SQLite::Statement> inserts;
 };
@@ -67,6 +77,8 @@ DatabaseBuilder::DatabaseBuilder(const QString &file, const Account &account, co
         m_work->transaction.emplace(m_work->engine);
         stampNewFile(m_work->engine, account);
         m_work->engine.exec(schema.toStdString());
+        m_work->count(collationVersion());
+        m_work->count(schema);
     } catch (const SQLite::Exception &exception) {
         throw EngineError(exception);
     }
@@ -96,6 +108,7 @@ void DatabaseBuilder::insert(const QString &table, const QStringList &values)
                 statement.bind(i + 1, values[i].toStdString());
         }
         statement.exec();
+        m_work->count(table % u'\0' % values.join(u'\0'));
     } catch (const SQLite::Exception &exception) {
         throw EngineError(exception);
     }
@@ -105,6 +118,7 @@ void DatabaseBuilder::finish()
 {
     try {
         m_work->inserts.clear();
+        setEdition(m_work->engine, m_work->contents.result().toHex().toStdString());
         m_work->transaction->commit();
         m_work->transaction.reset();
         m_work->engine.exec("analyze");

@@ -62,20 +62,22 @@ void like(sqlite3_context *context, int, sqlite3_value **arguments)
     sqlite3_result_int(context, pattern->matches(textOf(arguments[1])) ? 1 : 0);
 }
 
-std::string property(SQLite::Database &database, const char *name)
+std::string property(SQLite::Database &database, const char *name,
+                     const std::string &schema = "main")
 {
-    SQLite::Statement query(database, "select content from sys_properties where property = ?");
+    SQLite::Statement query(database,
+                            "select content from " + schema + ".sys_properties where property = ?");
     query.bind(1, name);
     return query.executeStep() ? query.getColumn(0).getString() : std::string();
 }
 
-void setProperty(SQLite::Database &database, const char *name, const QByteArray &content)
+void setProperty(SQLite::Database &database, const char *name, const std::string &content)
 {
     SQLite::Statement statement(database,
-                                "insert or replace into sys_properties(property, content) "
+                                "insert or replace into main.sys_properties(property, content) "
                                 "values(?, ?)");
     statement.bind(1, name);
-    statement.bind(2, content.toStdString());
+    statement.bind(2, content);
     statement.exec();
 }
 
@@ -93,9 +95,9 @@ QByteArray freshSalt()
     return salt.toHex();
 }
 
-int pragma(SQLite::Database &database, const char *name)
+int pragma(SQLite::Database &database, const std::string &schema, const char *name)
 {
-    return database.execAndGet(std::string("pragma ") + name).getInt();
+    return database.execAndGet("pragma " + schema + '.' + name).getInt();
 }
 
 } // namespace
@@ -116,19 +118,19 @@ void stampNewFile(SQLite::Database &database, const Account &account)
     database.exec("pragma user_version = " + std::to_string(formatVersion));
     database.exec(createProperties);
     const QByteArray salt = freshSalt();
-    setProperty(database, "user", account.user.toUtf8());
-    setProperty(database, "salt", salt);
-    setProperty(database, "password", hashOf(salt, account.password));
-    setProperty(database, "collation", collationVersion().toUtf8());
+    setProperty(database, "user", account.user.toStdString());
+    setProperty(database, "salt", salt.toStdString());
+    setProperty(database, "password", hashOf(salt, account.password).toStdString());
+    setProperty(database, "collation", collationVersion().toStdString());
 }
 
-void verifyFile(SQLite::Database &database)
+void verifyFile(SQLite::Database &database, const std::string &schema)
 {
     using Reason = EngineError::Reason;
-    if (pragma(database, "application_id") != applicationId)
+    if (pragma(database, schema, "application_id") != applicationId)
         throw EngineError(Reason::NotADatabase,
                           QStringLiteral("The file is not a database of this program."));
-    if (pragma(database, "user_version") > formatVersion)
+    if (pragma(database, schema, "user_version") > formatVersion)
         throw EngineError(Reason::NotADatabase,
                           QStringLiteral("The database was written by a newer version of this "
                                          "program."));
@@ -145,10 +147,20 @@ void verifyAccount(SQLite::Database &database, const Account &account)
                           QStringLiteral("Not a valid user name or password."));
 }
 
+std::string edition(SQLite::Database &database, const std::string &schema)
+{
+    return property(database, "edition", schema);
+}
+
+void setEdition(SQLite::Database &database, const std::string &edition)
+{
+    setProperty(database, "edition", edition);
+}
+
 void refreshCollation(SQLite::Database &database)
 {
-    const QByteArray current = collationVersion().toUtf8();
-    if (property(database, "collation") == current.toStdString())
+    const std::string current = collationVersion().toStdString();
+    if (property(database, "collation") == current)
         return;
     SQLite::Transaction transaction(database);
     database.exec(std::string("reindex ") + collationName);

@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <string>
+
 namespace SQLite {
 class Database;
 }
@@ -26,8 +28,9 @@ void registerFunctions(SQLite::Database &database);
 void stampNewFile(SQLite::Database &database, const Account &account);
 
 /// Refuses a file that is not ours, or was written by a newer program.
+/// @param schema  the engine's name of the file: "main", or the one it is attached by
 /// @throws EngineError
-void verifyFile(SQLite::Database &database);
+void verifyFile(SQLite::Database &database, const std::string &schema = "main");
 
 /// @throws EngineError if the user or the password is not the one stored
 void verifyAccount(SQLite::Database &database, const Account &account);
@@ -35,5 +38,10 @@ void verifyAccount(SQLite::Database &database, const Account &account);
 /// Rebuilds the indexes of a file whose texts were ordered by another version of the collation.
 /// @throws EngineError if the file can't be written
 void refreshCollation(SQLite::Database &database);
+
+/// What tells the tables and rows that a file was made with from those of other files; empty for
+/// a file that does not say.
+std::string edition(SQLite::Database &database, const std::string &schema = "main");
+void setEdition(SQLite::Database &database, const std::string &edition);
 
 } // namespace dbaccess

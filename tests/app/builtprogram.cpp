@@ -3,21 +3,31 @@
 
 #include "tests/app/builtprogram.h"
 
-#include <QDir>
+#include "upgrade/programfolder.h"
+
 #include <QFile>
 
-static constexpr int programTimeout = 60000; // milliseconds
+#include <unistd.h>
 
-ProgramFolder::ProgramFolder()
+ProgramFolder::ProgramFolder(const QString &path) : m_path(path.isEmpty() ? m_folder.path() : path)
 {
-    const QDir built(QStringLiteral(PROGRAM_FOLDER));
-    for (const QString &name : built.entryList(QDir::Files)) {
-        const bool isUserFile = name.compare(u"Tovarin.mdb", Qt::CaseInsensitive) == 0
-                                || name.compare(u"tovarin.dll", Qt::CaseInsensitive) == 0;
-        const QDir from(isUserFile ? QStringLiteral(SHIPPED_FOLDER) : built.path());
-        if (!QFile::copy(from.filePath(name), m_folder.filePath(name)))
-            qFatal("can't copy %s", qPrintable(name));
-    }
+    place();
+}
+
+void ProgramFolder::place() const
+{
+    upgrade::place(QStringLiteral(SHIPPED_FOLDER), m_path);
+}
+
+QString ProgramFolder::file(const char *name) const
+{
+    return m_path % u'/' % QLatin1String(name);
+}
+
+QByteArray ProgramFolder::content(const char *name) const
+{
+    QFile in(file(name));
+    return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray();
 }
 
 void ProgramFolder::replace(const char *name, const QByteArray &content) const
@@ -27,15 +37,47 @@ void ProgramFolder::replace(const char *name, const QByteArray &content) const
         qFatal("can't write %s", name);
 }
 
-void startProgram(QProcess &program, const ProgramFolder &folder, const QString &script)
+void ProgramFolder::setWritable(bool writable) const
+{
+    const QFile::Permissions read = QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther;
+    const QFile::Permissions enter = QFile::ExeOwner | QFile::ExeGroup | QFile::ExeOther;
+    const QFile::Permissions write = writable ? QFile::WriteOwner : QFile::Permissions();
+    QFile::setPermissions(file("Tovarin.mdb"), read | write);
+    QFile::setPermissions(m_path, read | enter | write);
+}
+
+QProcessEnvironment pilotEnvironment(const QString &script)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("QT_PLUGIN_PATH"), QStringLiteral(PLUGIN_FOLDER));
     environment.insert(QStringLiteral("QT_QPA_GENERIC_PLUGINS"), QStringLiteral("pilot"));
     environment.insert(QStringLiteral("PILOT_SCRIPT"), script);
-    program.setProcessEnvironment(environment);
+    return environment;
+}
+
+QStringList linesOfPilot(const QByteArray &said)
+{
+    QStringList lines;
+    for (const QString &line : QString::fromUtf8(said).split(u'\n')) {
+        for (const QStringView kind : {u"box: ", u"lbl", u"frm", u"ms", u"tick: ", u"rows: "}) {
+            if (line.startsWith(kind))
+                lines.append(line);
+        }
+    }
+    return lines;
+}
+
+void startProgram(QProcess &program, const ProgramFolder &folder, const QString &script,
+                  Start start)
+{
+    program.setProcessEnvironment(pilotEnvironment(script));
     program.setReadChannel(QProcess::StandardError);
-    program.start(folder.file("tovarin"), {});
+    if (start == Start::AsOrdinaryUser && geteuid() == 0)
+        program.start(QStringLiteral("setpriv"),
+                      {QStringLiteral("--reuid=65534"), QStringLiteral("--regid=65534"),
+                       QStringLiteral("--clear-groups"), folder.file("tovarin")});
+    else
+        program.start(folder.file("tovarin"), {});
 }
 
 Run finish(QProcess &program)
@@ -46,19 +88,13 @@ Run finish(QProcess &program)
         qWarning("%s", program.readAllStandardError().constData());
         return {};
     }
-    Run run {program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -2, {}};
-    for (const QString &line : QString::fromUtf8(program.readAllStandardError()).split(u'\n')) {
-        for (const QStringView kind : {u"box: ", u"lbl", u"frm", u"ms", u"tick: ", u"rows: "}) {
-            if (line.startsWith(kind))
-                run.said.append(line);
-        }
-    }
-    return run;
+    return {program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -2,
+            linesOfPilot(program.readAllStandardError())};
 }
 
-Run runProgram(const ProgramFolder &folder, const QString &script)
+Run runProgram(const ProgramFolder &folder, const QString &script, Start start)
 {
     QProcess program;
-    startProgram(program, folder, script);
+    startProgram(program, folder, script, start);
     return finish(program);
 }

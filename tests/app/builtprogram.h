@@ -10,18 +10,39 @@
 class ProgramFolder
 {
 public:
-    ProgramFolder();
+    /// @param path  an empty folder; one of its own if there is none
+    explicit ProgramFolder(const QString &path = {});
 
-    QString path() const { return m_folder.path(); }
-    QString file(const char *name) const { return m_folder.filePath(QLatin1String(name)); }
+    /// Puts everything there that ships and is not there.
+    void place() const;
+
+    QString path() const { return m_path; }
+    QString file(const char *name) const;
+    QByteArray content(const char *name) const;
     void replace(const char *name, const QByteArray &content) const;
+    void setWritable(bool writable) const;
 
 private:
     QTemporaryDir m_folder;
+    QString m_path;
 };
 
-/// Starts the program of a folder with a script for the pilot, see tests/support/pilot/pilot.h.
-void startProgram(QProcess &program, const ProgramFolder &folder, const QString &script);
+inline constexpr int programTimeout = 60000; ///< milliseconds
+
+/// An environment in which the pilot follows a script, see tests/support/pilot/pilot.h.
+QProcessEnvironment pilotEnvironment(const QString &script);
+
+/// What the pilot says, of all that a program writes.
+QStringList linesOfPilot(const QByteArray &said);
+
+enum class Start {
+    AsUsual,
+    AsOrdinaryUser ///< also where a superuser runs the tests, for whom nothing is read-only
+};
+
+/// Starts the program of a folder with a script for the pilot.
+void startProgram(QProcess &program, const ProgramFolder &folder, const QString &script,
+                  Start start = Start::AsUsual);
 
 struct Run
 {
@@ -33,4 +54,4 @@ struct Run
 Run finish(QProcess &program);
 
 /// Starts the program and waits for its end.
-Run runProgram(const ProgramFolder &folder, const QString &script);
+Run runProgram(const ProgramFolder &folder, const QString &script, Start start = Start::AsUsual);

@@ -3,10 +3,48 @@
 
 // Starts the program as it was built, in folders of its own, and uses it through its windows.
 
+#include "db/basdatabase.h"
+#include "db/bastovarin.h"
 #include "tests/app/builtprogram.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTest>
+
+namespace {
+
+/// An archive of the program as it was unpacked somewhere.
+class UnpackedArchive
+{
+public:
+    UnpackedArchive()
+    {
+        const QDir shipped(QStringLiteral(SHIPPED_FOLDER));
+        QDir().mkdir(file("shipped"));
+        for (const QString &name : shipped.entryList(QDir::Files))
+            QFile::copy(shipped.filePath(name), file("shipped/") % name);
+        QFile::copy(QStringLiteral(LAUNCHER), file("tovarin"));
+    }
+
+    QString file(const char *name) const { return m_folder.filePath(QLatin1String(name)); }
+
+    /// Starts it, and waits until the program that it starts has ended.
+    QStringList start(const QString &script) const
+    {
+        // The program goes on when the launcher has ended; the pipe is open as long as one of them.
+        QProcess pipe;
+        pipe.setProcessEnvironment(pilotEnvironment(script));
+        pipe.start(QStringLiteral("sh"),
+                   {QStringLiteral("-c"), QStringLiteral("\"$0\" 2>&1 | cat"), file("tovarin")});
+        pipe.waitForFinished(programTimeout);
+        return linesOfPilot(pipe.readAllStandardOutput());
+    }
+
+private:
+    QTemporaryDir m_folder;
+};
+
+} // namespace
 
 class TestProgram : public QObject
 {
@@ -44,38 +82,37 @@ private Q_SLOTS:
         QVERIFY(run.said.isEmpty());
     }
 
-    void brokenFolder_endsTheProgramWithItsMessage_data()
+    void launcher_putsTheFolderTogetherAndStartsTheProgram()
     {
-        QTest::addColumn<QByteArray>("file");
-        QTest::addColumn<QByteArray>("content"); // null: the file is missing
-        QTest::addColumn<QString>("message");
-        const QString failed = QStringLiteral("box: [Error] Failed to connect database!");
-        const QString corrupted = QStringLiteral("box: [Error] Database is corrupted!");
-        QTest::addRow("no key file") << QByteArray("tovarin.dll") << QByteArray() << failed;
-        QTest::addRow("empty key file") << QByteArray("tovarin.dll") << QByteArray("") << failed;
-        QTest::addRow("empty first line")
-            << QByteArray("tovarin.dll") << QByteArray("\nx") << corrupted;
-        QTest::addRow("wrong password")
-            << QByteArray("tovarin.dll") << QByteArray("wrong\n") << failed;
-        QTest::addRow("no database") << QByteArray("Tovarin.mdb") << QByteArray() << failed;
-        QTest::addRow("empty database") << QByteArray("Tovarin.mdb") << QByteArray("") << failed;
-        QTest::addRow("no database at all")
-            << QByteArray("Tovarin.mdb") << QByteArray(9999, 'x') << failed;
-    }
+        const UnpackedArchive archive;
+        const QString leave = QStringLiteral("print frmSplash;click cmdExit");
+        const QString splash = QStringLiteral("frmSplash: Tovarin Names Dictionary 0.1.0");
+        QCOMPARE(archive.start(leave), QStringList(splash));
 
-    void brokenFolder_endsTheProgramWithItsMessage()
-    {
-        QFETCH(QByteArray, file);
-        QFETCH(QByteArray, content);
-        QFETCH(QString, message);
-        const ProgramFolder folder;
-        QVERIFY(QFile::remove(folder.file(file.constData())));
-        if (!content.isNull())
-            folder.replace(file.constData(), content);
-        const Run run = runProgram(folder, QString());
-        QCOMPARE(run.said, QStringList(message));
-        QCOMPARE(run.exitCode, 1);
-        QCOMPARE(QFile::exists(folder.file(file.constData())), !content.isNull());
+        // A newer edition comes.
+        basTovarin::SetProgramFolder(archive.file("program"));
+        basDatabase::OpenDatabase();
+        basDatabase::ExecuteSQL(QStringLiteral("update tblmaster set name_select = 'Y' where "
+                                               "name_desc = 'Anna'"));
+        basDatabase::ExecuteSQL(QStringLiteral("delete from sys_properties where property = "
+                                               "'edition'"));
+        basDatabase::CloseDatabase();
+        const QStringList said = archive.start(leave);
+        QCOMPARE(said.size(), 2);
+        QVERIFY(said[0].startsWith(u"box: [Tovarin] Tovarin has a new dictionary. Your ticks, "));
+        QCOMPARE(said[1], splash);
+        QVERIFY(QFile::exists(archive.file("program/Tovarin-backup-1.mdb")));
+
+        // The user wants to keep a file that can't be read, and then to start afresh.
+        QFile broken(archive.file("program/Tovarin.mdb"));
+        QVERIFY(broken.open(QIODevice::WriteOnly) && broken.write("nonsense") > 0);
+        broken.close();
+        const QString question = QStringLiteral("box: [Tovarin] The file with your names can't be "
+                                                "read. The file is not a database.");
+        QCOMPARE(archive.start(u"answer no;" % leave), QStringList(question));
+        QCOMPARE(broken.size(), 8);
+        QCOMPARE(archive.start(u"answer yes;" % leave), QStringList({question, splash}));
+        QCOMPARE(QFileInfo(archive.file("program/Tovarin-put-aside-1.mdb")).size(), 8);
     }
 };
 

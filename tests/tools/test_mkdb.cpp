@@ -121,6 +121,9 @@ private Q_SLOTS:
                             "Zoe\tG\tof life\n"));
         QVERIFY(!dictionary::sortFile(path("names.tsv")));
         QVERIFY(dictionary::readFile(path("names.tsv")).problems.isEmpty());
+        // What is not UTF-8 stays for its owner to mend.
+        QCOMPARE(dictionary::sortedText("# Origin: Irish\nZoe\tG\tof life\nAn\xffna\tG\tgrace"),
+                 QByteArray("# Origin: Irish\nAn\xffna\tG\tgrace\nZoe\tG\tof life\n"));
     }
 
     void failedBuild_leavesWhatWasThere()
@@ -143,30 +146,6 @@ private Q_SLOTS:
                                                         sample.folder()));
         QCOMPARE(QDir(sample.folder()).entryList(QDir::Files, QDir::Name).join(u' '),
                  QStringLiteral("Tovarin.mdb Tovarin.mdb-journal tovarin.dll"));
-    }
-
-    void place_keepsWhatAUserHasSaved()
-    {
-        using shipped::Placed;
-        const support::SampleDatabase newer(
-            support::entries({"Anna|G|Hebrew|grace", "Noah|B|Hebrew|rest"}));
-        for (const auto &[statement, placed] :
-             {std::pair("update tblmaster set name_select = 'N'", Placed::New),
-              {"update tblmaster set name_select = 'Y'", Placed::KeptUserData},
-              {"insert into tblresult(name_desc) values('Anna')", Placed::KeptUserData},
-              {"insert into tbltopn(t10_id) values('01')", Placed::KeptUserData},
-              {"insert into tblinitial(init_first) values('Anna')", Placed::KeptUserData},
-              {"drop table tblinitial", Placed::KeptUnknown}}) {
-            const support::SampleDatabase used(support::entries({"Anna|G|Hebrew|grace"}));
-            openDatabase()->execute(QString::fromLatin1(statement));
-            const QString file = used.file(QStringLiteral("Tovarin.mdb"));
-            const QByteArray before = support::readFile(file);
-            QVERIFY2(shipped::place(newer.folder(), used.folder()) == placed, statement);
-            const bool isReplaced = support::readFile(file) != before;
-            QVERIFY2(isReplaced == (placed == Placed::New), statement);
-            if (isReplaced)
-                QVERIFY(shipped::place(newer.folder(), used.folder()) == Placed::Unchanged);
-        }
     }
 
     void tool_buildsTheShippedDatabase()
