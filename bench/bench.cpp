@@ -6,6 +6,7 @@
 //                          are made in FOLDER. Sizes: 10000 30000 1000000 unless given.
 
 #include "bench/bareengine.h"
+#include "bench/startup.h"
 #include "bench/statements.h"
 #include "bench/timing.h"
 #include "bench/worksheetactions.h"
@@ -20,7 +21,6 @@
 #include <QComboBox>
 #include <QDir>
 #include <QLineEdit>
-#include <QProcess>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -119,37 +119,6 @@ void benchActions(int size)
     report("click Search (prefix)", medianOf(runs, [&] { click("cmdSearch"); }));
 }
 
-/// Milliseconds from the start of a process until its window is to be seen.
-double startTime(const QString &program, const QString &window)
-{
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("QT_PLUGIN_PATH"), QStringLiteral(PLUGIN_FOLDER));
-    environment.insert(QStringLiteral("QT_QPA_GENERIC_PLUGINS"), QStringLiteral("pilot"));
-    environment.insert(QStringLiteral("PILOT_SCRIPT"), u"print " % window);
-    const QByteArray line = QString(window % u": ").toUtf8();
-    return medianOf(15,
-                    [&] {
-                        QProcess process;
-                        process.setProcessEnvironment(environment);
-                        process.setReadChannel(QProcess::StandardError);
-                        process.start(program, {});
-                        QByteArray said;
-                        while (!said.contains(line) && process.waitForReadyRead(20000))
-                            said += process.readAllStandardError();
-                        process.kill();
-                        process.waitForFinished();
-                    })
-           / 1000.0;
-}
-
-void benchStart()
-{
-    const double splash = startTime(QStringLiteral(PROGRAM), QStringLiteral("frmSplash"));
-    const double empty = startTime(QStringLiteral(EMPTY_WINDOW), QStringLiteral("emptyWindow"));
-    std::printf("\nstart to splash %.0f ms, to an empty window %.0f ms, ratio %.2f\n", splash,
-                empty, splash / empty);
-}
-
 } // namespace
 
 int main(int argc, char *argv[])
@@ -166,17 +135,18 @@ int main(int argc, char *argv[])
         sizes.append(size.toInt());
     if (sizes.isEmpty())
         sizes = {10000, 30000, 1000000};
+    QStringList folders;
     std::printf("%9s  %-24s %10s %10s %7s\n", "names", "action", "ours, us", "bare, us", "ratio");
     for (const int size : sizes) {
         basTovarin::SetProgramFolder(worlds::database(arguments[1], size));
         basDatabase::OpenDatabase();
         benchStatements(size, BareEngine(basTovarin::ProgramFolder() % u"/Tovarin.mdb"));
         benchActions(size);
-        if (size == sizes.front())
-            benchWorksheet(BareEngine(basTovarin::ProgramFolder() % u"/Tovarin.mdb"));
+        benchWorksheet(size, BareEngine(basTovarin::ProgramFolder() % u"/Tovarin.mdb"));
+        folders.append(basTovarin::ProgramFolder());
         basDatabase::CloseDatabase();
         std::fflush(stdout);
     }
-    benchStart();
+    benchStartup(folders);
     return 0;
 }

@@ -88,7 +88,7 @@ void fillTables()
     }
 }
 
-void report(const char *name, const BareEngine &bare, const timing::Action &action)
+void report(int size, const char *name, const BareEngine &bare, const timing::Action &action)
 {
     QByteArrayList statements;
     basDatabase::WatchStatements([&](const QString &sql) { statements.append(sql.toUtf8()); });
@@ -98,27 +98,27 @@ void report(const char *name, const BareEngine &bare, const timing::Action &acti
         for (const QByteArray &sql : statements)
             bare.fetch(sql);
     });
-    std::printf("%9d  %-24s %10.0f %10.0f %7.2f\n", shortlisted, name, ours, theirs, ours / theirs);
+    std::printf("%9d  %-24s %10.0f %10.0f %7.2f\n", size, name, ours, theirs, ours / theirs);
 }
 
 } // namespace
 
-void benchWorksheet(const BareEngine &bare)
+void benchWorksheet(int size, const BareEngine &bare)
 {
     fillTables();
     Steps steps;
-    report("open the ranking", bare, [&] { steps.open(); });
+    report(size, "open the ranking", bare, [&] { steps.open(); });
     for (const bool withSyncs : {true, false}) {
         const QString synchronous = withSyncs ? QStringLiteral("full") : QStringLiteral("off");
         basDatabase::ExecuteSQL(u"pragma synchronous = " % synchronous);
         bare.fetch("pragma synchronous = " + synchronous.toUtf8());
-        report(withSyncs ? "save the ranking" : "ranking, no disk syncs", bare,
+        report(size, withSyncs ? "save the ranking" : "ranking, no disk syncs", bare,
                [&] { steps.save("cmdSaveTopN"); });
-        report(withSyncs ? "save the full names" : "full names, no syncs", bare,
+        report(size, withSyncs ? "save the full names" : "full names, no syncs", bare,
                [&] { steps.save("cmdSaveInitial"); });
     }
     // Still without syncs, as the bare engine has no table in memory for it.
-    report("text of the report", bare, [] {
+    report(size, "text of the report", bare, [] {
         const QString topN = QString::number(ranked);
         reports::FillTempTopN(topN);
         reports::topNReport({}, topN, reports::rankedNames(), reports::unrankedNames());

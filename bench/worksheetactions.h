@@ -8,4 +8,5 @@ class BareEngine;
 /// Prints what the steps of the Worksheet tab cost with 20 shortlisted names of which 10 are
 /// ranked, beside the same statements on the bare engine: opening the ranking, saving it and the
 /// full names, with and without the disk's syncs, and making the report of the ranking.
-void benchWorksheet(const BareEngine &bare);
+/// @param size  how many names the dictionary has
+void benchWorksheet(int size, const BareEngine &bare);
