@@ -1,11 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Tovarin developers
 // SPDX-License-Identifier: MIT
 
-// tour PROGRAM-FOLDER PICTURE-FOLDER PREFIX
+// tour PROGRAM-FOLDER PICTURE-FOLDER PREFIX [contrast]
 //
 // Drives the program's own windows through a typical pass, as a person would with mouse and
 // keyboard, and leaves a picture of each step: PICTURE-FOLDER/PREFIX-01-splash.png and so on, and
-// the two reports as PREFIX-ranking.pdf and PREFIX-full-names.pdf.
+// the two reports as PREFIX-ranking.pdf and PREFIX-full-names.pdf. With "contrast" it does so with
+// the settings of somebody who sees little: texts at twice the size, white and yellow on black.
 
 #include "app/application.h"
 #include "app/program.h"
@@ -310,6 +311,25 @@ private:
     int m_number = 0;
 };
 
+void setUpForLowVision()
+{
+    QFont font = QApplication::font();
+    font.setPointSizeF(2 * font.pointSizeF());
+    QApplication::setFont(font);
+    QPalette palette(Qt::white, Qt::black);
+    for (const auto role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::Light,
+          QPalette::Midlight, QPalette::Mid, QPalette::BrightText})
+        palette.setColor(role, Qt::white);
+    for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button,
+                            QPalette::AlternateBase, QPalette::HighlightedText})
+        palette.setColor(role, Qt::black);
+    palette.setColor(QPalette::Highlight, Qt::yellow);
+    palette.setColor(QPalette::Link, Qt::yellow);
+    palette.setColor(QPalette::Disabled, QPalette::ButtonText, Qt::green);
+    QApplication::setPalette(palette);
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -317,10 +337,13 @@ int main(int argc, char *argv[])
     browser::prepareProcess();
     Application application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.size() != 4) {
-        std::fputs("Usage: tour PROGRAM-FOLDER PICTURE-FOLDER PREFIX\n", stderr);
+    const bool isForLowVision = arguments.size() == 5 && arguments[4] == u"contrast";
+    if (arguments.size() != 4 && !isForLowVision) {
+        std::fputs("Usage: tour PROGRAM-FOLDER PICTURE-FOLDER PREFIX [contrast]\n", stderr);
         return 2;
     }
+    if (isForLowVision)
+        setUpForLowVision();
     basTovarin::SetProgramFolder(QDir(arguments[1]).absolutePath());
     browser::setPageFolder(basTovarin::ProgramFolder());
     Program program;
