@@ -135,7 +135,7 @@ private:
 
     StagedFile stage(const QString &name) const
     {
-        return StagedFile(m_shipped.filePath(name), m_program.filePath(name), isProgram(name));
+        return {m_shipped.filePath(name), m_program.filePath(name), isProgram(name)};
     }
 
     bool isSame(const QString &name) const

@@ -143,6 +143,7 @@ void FlexGrid::currentChanged(const QModelIndex &current, const QModelIndex &pre
     if (hasFocus())
         QTableView::currentChanged(current, previous);
     else
+        // NOLINTNEXTLINE(bugprone-parent-virtual-call)
         QAbstractItemView::currentChanged(current, previous);
     // The highlight is the whole row's; the base class repaints the two cells only.
     for (const QModelIndex &index : {current, previous}) {
