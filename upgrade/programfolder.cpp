@@ -102,7 +102,7 @@ public:
         for (const QString &name : changedFiles())
             staged.push_back(stage(name));
         const Placement placement = QFile::exists(database()) ? renewDatabase() : placeDatabase();
-        for (StagedFile &file : staged)
+        for (const StagedFile &file : staged)
             file.putInPlace();
         return placement;
     }
@@ -135,7 +135,7 @@ private:
 
     StagedFile stage(const QString &name) const
     {
-        return {m_shipped.filePath(name), m_program.filePath(name), isProgram(name)};
+        return {m_shipped.filePath(name), m_program, isProgram(name)};
     }
 
     bool isSame(const QString &name) const
@@ -151,8 +151,8 @@ private:
     {
         if (QFile::exists(database() % u"-journal"))
             setDatabaseAside(m_program.path());
-        StagedFile key = stage(keyFileName());
-        StagedFile file = stage(databaseName());
+        const StagedFile key = stage(keyFileName());
+        const StagedFile file = stage(databaseName());
         key.putInPlace();
         file.putInPlace();
         return {.outcome = Outcome::New};
@@ -207,17 +207,27 @@ private:
     QDir m_program;
 };
 
-/// What a program that was killed while it staged files has left.
-void removeHalfFiles(const QDir &shipped, const QDir &program)
+/// Removes what is not in place: what a placement that was killed has left, and what this one may
+/// leave.
+class HalfFiles
 {
-    for (const QString &name : shipped.entryList(QDir::Files)) {
-        for (const QString &half : program.entryList({name % u".??????"}, QDir::Files))
-            QFile::remove(program.filePath(half));
+public:
+    explicit HalfFiles(const QDir &program) : m_program(program) { remove(); }
+    ~HalfFiles() { remove(); }
+    HalfFiles(const HalfFiles &) = delete;
+    HalfFiles &operator=(const HalfFiles &) = delete;
+
+private:
+    void remove() const
+    {
+        stagingFolder(m_program).removeRecursively();
+        for (const QString &half :
+             m_program.entryList({QStringLiteral("Tovarin-backup-*.mdb.new")}, QDir::Files))
+            QFile::remove(m_program.filePath(half));
     }
-    for (const QString &half :
-         program.entryList({QStringLiteral("Tovarin-backup-*.mdb.new")}, QDir::Files))
-        QFile::remove(program.filePath(half));
-}
+
+    QDir m_program;
+};
 
 } // namespace
 
@@ -241,7 +251,7 @@ Placement place(const QString &shippedFolder, const QString &programFolder)
                       lock.error() == QLockFile::LockFailedError
                           ? QStringLiteral("Tovarin is being set up there already")
                           : QStringLiteral("you may not make files there, or the disk is full"));
-    removeHalfFiles(QDir(shippedFolder), QDir(programFolder));
+    const HalfFiles halfFiles {QDir(programFolder)};
     return placer.run();
 }
 

@@ -5,9 +5,11 @@
 
 #include "upgrade/placement.h"
 
-#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
+
+#include <filesystem>
 
 namespace upgrade {
 
@@ -45,23 +47,33 @@ QString freePath(const QDir &folder, const QString &stem, const QString &ending)
     return path();
 }
 
-StagedFile::StagedFile(const QString &source, const QString &target, bool isExecutable)
-    : m_file(std::make_unique<QSaveFile>(target))
+QDir stagingFolder(const QDir &programFolder)
 {
-    const QByteArray content = contentOf(source);
-    if (!m_file->open(QIODevice::WriteOnly) || m_file->write(content) != content.size()
-        || !m_file->flush())
-        refuseToWrite(target, m_file->errorString());
-    m_file->setPermissions(isExecutable ? forAll | toStart : forAll);
+    return QDir(programFolder.filePath(QStringLiteral("Tovarin.new")));
 }
 
-StagedFile::~StagedFile() = default;
-StagedFile::StagedFile(StagedFile &&) noexcept = default;
-
-void StagedFile::putInPlace()
+StagedFile::StagedFile(const QString &source, const QDir &programFolder, bool isExecutable)
 {
-    if (!m_file->commit())
-        refuseToWrite(m_file->fileName(), m_file->errorString());
+    const QString name = QFileInfo(source).fileName();
+    m_staged = stagingFolder(programFolder).filePath(name);
+    m_target = programFolder.filePath(name);
+    const QByteArray content = contentOf(source);
+    if (!QDir().mkpath(stagingFolder(programFolder).path()))
+        refuseToWrite(m_target,
+                      QStringLiteral("you may not make files there, or the disk is full"));
+    QSaveFile file(m_staged); // for it makes sure that the disk has it all
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()
+        || !file.setPermissions(isExecutable ? forAll | toStart : forAll) || !file.commit())
+        refuseToWrite(m_target, file.errorString());
+}
+
+void StagedFile::putInPlace() const
+{
+    std::error_code error;
+    std::filesystem::rename(QFileInfo(m_staged).filesystemFilePath(),
+                            QFileInfo(m_target).filesystemFilePath(), error);
+    if (error)
+        refuseToWrite(m_target, QString::fromStdString(error.message()));
 }
 
 } // namespace upgrade

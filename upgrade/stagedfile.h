@@ -3,12 +3,7 @@
 
 #pragma once
 
-#include <QString>
-
-#include <memory>
-
-class QDir;
-class QSaveFile;
+#include <QDir>
 
 namespace upgrade {
 
@@ -22,21 +17,24 @@ QByteArray contentOf(const QString &path);
 /// A path that nothing has: "folder/stem-1ending", or with the next number that is free.
 QString freePath(const QDir &folder, const QString &stem, const QString &ending);
 
-/// A file on its way into the program's folder: written in full under another name, and then put
-/// in place at one stroke, for which no space is needed any more.
+/// Where files wait that are on their way into a program's folder: a folder in it, so that they
+/// need no space any more when they are put in place.
+QDir stagingFolder(const QDir &programFolder);
+
+/// A file on its way into the program's folder: written in full, and then put in place at one
+/// stroke.
 class StagedFile
 {
 public:
-    /// @throws PlaceError, with nothing written
-    StagedFile(const QString &source, const QString &target, bool isExecutable);
-    ~StagedFile();
-    StagedFile(StagedFile &&) noexcept;
+    /// @throws PlaceError
+    StagedFile(const QString &source, const QDir &programFolder, bool isExecutable);
 
-    /// @throws PlaceError, with the target as it was
-    void putInPlace();
+    /// @throws PlaceError, with the file in the program's folder as it was
+    void putInPlace() const;
 
 private:
-    std::unique_ptr<QSaveFile> m_file;
+    QString m_staged;
+    QString m_target;
 };
 
 } // namespace upgrade

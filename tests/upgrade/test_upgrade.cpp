@@ -49,7 +49,8 @@ void run(const QString &folder, std::initializer_list<const char *> statements)
 
 QStringList filesOf(const QString &folder)
 {
-    return QDir(folder).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+    return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
+                                  QDir::Name);
 }
 
 /// A folder that its user has worked in: ticks, a shortlist, a ranking and full names.
@@ -190,9 +191,12 @@ private Q_SLOTS:
         // A page that was spoilt, a half-written file of a start that was killed, a lost key file.
         run(program, {"update tblmaster set name_select = 'Y'"});
         support::writeFile(program % u"/help.htm", "a rage");
-        support::writeFile(program % u"/help.htm.q1w2e3", "a p");
+        QVERIFY(QDir(program).mkdir(QStringLiteral("Tovarin.new")));
+        support::writeFile(program % u"/Tovarin.new/help.htm", "a p");
+        support::writeFile(program % u"/Tovarin.mdb.backup", "a copy of the user's own");
         QVERIFY(QFile::remove(program % u"/tovarin.dll"));
         QVERIFY(upgrade::place(shipped.folder(), program).outcome == Outcome::Unchanged);
+        QVERIFY(QFile::remove(program % u"/Tovarin.mdb.backup"));
         QCOMPARE(filesOf(program), filesOf(shipped.folder()));
         QCOMPARE(support::readFile(program % u"/help.htm"), QByteArray("a page"));
         QCOMPARE(Opened(program).ticked().size(), 6);
