@@ -19,9 +19,8 @@ namespace pilot {
 ///   click NAME     clicks a button or a label      close NAME     closes a window
 ///   type NAME TEXT types a text                    enter NAME     presses Enter
 ///   paste NAME TEXT        puts a text into a text box by the clipboard
-///   fill NAME R C TEXT     puts a text into a cell, counted from 0 (rows round after the last
-///   one);
-///                          texts to paste have what a script can't hold as %xx
+///   fill NAME R C TEXT     puts a text into a cell, counted from 0 (rows round after the last one)
+///                          texts to put have as %xx what a script can't hold
 ///   page NAME              waits until the page of a pane is loaded
 ///   tab N          goes to the tab N, from 0       print NAME     prints its text or row count
 ///   tick NAME N    clicks the tick box of a grid's row, from 0 and round after the last one, and
@@ -29,8 +28,8 @@ namespace pilot {
 ///   pick NAME N M  clicks the last cell of a grid's row, from 0 and round after the last one, and
 ///                  in the list that opens the item M, from 0 and round after the last one
 ///   rows NAME      prints "rows: ", the name and after a tab each row of a grid
-///   maybe LINE             does what the line says, unless its control does not come within a
-///   second answer yes|no  how questions are answered from here on
+///   maybe LINE             does what the line says, unless its control is missing for a second
+///   answer yes|no          how questions are answered from here on
 ///
 /// Message boxes are answered as they come and printed to standard error as "box: [title] text".
 class Pilot final : public QObject
