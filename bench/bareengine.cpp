@@ -26,6 +26,14 @@ BareEngine::~BareEngine()
     sqlite3_close(m_handle);
 }
 
+void BareEngine::makePrivate(const QByteArray &table) const
+{
+    QString sql = fetch("select sql from main.sqlite_schema where name = '" + table + "'")[0][0];
+    fetch("pragma temp_store = memory");
+    fetch(
+        sql.replace(QStringLiteral("CREATE TABLE"), QStringLiteral("create temp table")).toUtf8());
+}
+
 BareEngine::Rows BareEngine::fetch(const QByteArray &sql) const
 {
     sqlite3_stmt *statement = nullptr;

@@ -21,6 +21,9 @@ public:
     BareEngine(const BareEngine &) = delete;
     BareEngine &operator=(const BareEngine &) = delete;
 
+    /// Has a table of its own in memory in the place of the file's, as the program has.
+    void makePrivate(const QByteArray &table) const;
+
     /// Runs a statement and takes over its rows as texts.
     Rows fetch(const QByteArray &sql) const;
 

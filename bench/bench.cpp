@@ -1,14 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The Tovarin developers
 // SPDX-License-Identifier: MIT
 
-// bench FOLDER [SIZE...]   what the user's actions cost, beside the same rows fetched by a
-//                          hand-written statement on the bare engine, in the same run. Databases
-//                          are made in FOLDER. Sizes: 10000 30000 1000000 unless given.
+// bench FOLDER [SIZE...]   what the program's statements cost beside hand-written ones for the same
+//                          rows on the bare engine, and the user's actions beside their statements
+//                          on the bare engine, in the same run. Databases are made in FOLDER.
+//                          Sizes: 10000 30000 1000000 unless given.
 
-#include "bench/bareengine.h"
+#include "bench/measured.h"
 #include "bench/startup.h"
 #include "bench/statements.h"
-#include "bench/timing.h"
+#include "bench/table.h"
 #include "bench/worksheetactions.h"
 #include "bench/worlds.h"
 #include "db/basdatabase.h"
@@ -24,50 +25,21 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-#include <algorithm>
 #include <cstdio>
 #include <limits>
 
-using timing::medianOf;
-using timing::mediansOf;
-
 namespace {
 
-/// Runs statements one by one; answers how many rows there were.
-int runOurs(const QStringList &texts)
+void benchStatements(const Measured &measured)
 {
-    int rows = 0;
-    for (const QString &sql : texts) {
-        if (sql.startsWith(u"select"))
-            rows += int(basDatabase::OpenRecordset(sql)->rowCount());
-        else
-            basDatabase::ExecuteSQL(sql);
-    }
-    return rows;
-}
-
-void benchStatements(int size, const BareEngine &bare)
-{
-    std::vector<statements::Pair> pairs = statements::starts();
-    std::ranges::move(statements::moves(bare), std::back_inserter(pairs));
-    for (const statements::Pair &pair : pairs) {
-        const int runs = size > 100000 ? 15 : 41;
-        int rows = 0;
-        int bareRows = 0;
-        const auto [ours, theirs] = mediansOf(
-            runs, [&] { rows = runOurs(pair.ours); },
-            [&] {
-                bareRows = 0;
-                for (const QByteArray &sql : pair.bare)
-                    bareRows += int(bare.fetch(sql).size());
-            });
-        std::printf("%9d  %-24s %10.0f %10.0f %7.2f%s\n", size, qPrintable(pair.name), ours, theirs,
-                    ours / theirs, rows == bareRows ? "" : "  other rows!");
-    }
+    for (const statements::Pair &pair : statements::starts())
+        measured.statements(pair);
+    for (const statements::Pair &pair : statements::moves(measured.bare()))
+        measured.statements(pair);
 }
 
 /// The whole of a click: statements, grid, row fitting, painting.
-void benchActions(int size)
+void benchActions(const Measured &measured)
 {
     QWidget window;
     search::SearchFrame frame(&window);
@@ -87,36 +59,41 @@ void benchActions(int size)
         qobject_cast<QAbstractButton *>(control(button))->click();
         QCoreApplication::processEvents(); // paints
     };
-    const auto report = [size](const char *name, double microseconds) {
-        std::printf("%9d  %-24s %10.0f %10s %7s\n", size, name, microseconds, "", "");
-    };
-    const int runs = size > 100000 ? 5 : 31;
-    report("click List (A, boys)", medianOf(runs, [&] { click("cmdList"); }));
+    const int runs = measured.names() > 100000 ? 5 : 31;
+    measured.action("click List (A, boys)", runs, [&] { click("cmdList"); });
     qobject_cast<QAbstractButton *>(control("optSearch_2"))->click();
-    report("click Search (all)", medianOf(runs, [&] { click("cmdSearch"); }));
-    report("click next page", medianOf(runs, [&] { click("cmdPageUp"); }));
-    report("click previous page", medianOf(runs - 1, [&] { click("cmdPageDown"); }));
-    const bool endHasNumbers = size <= std::numeric_limits<std::int16_t>::max();
+    measured.action("click Search (all)", runs, [&] { click("cmdSearch"); });
+    measured.action("click next page", runs, [&] { click("cmdPageUp"); });
+    measured.action("click previous page", runs, [&] { click("cmdPageDown"); });
+    const bool endHasNumbers = measured.names() <= std::numeric_limits<std::int16_t>::max();
     if (endHasNumbers) {
-        for (int page = size / 200; page > 1; --page)
+        for (int page = measured.names() / 200; page > 1; --page)
             click("cmdPageUp");
-        report("click next, halfway", medianOf(runs, [&] { click("cmdPageUp"); }));
-        report("click previous, halfway", medianOf(runs, [&] { click("cmdPageDown"); }));
+        measured.action("click next, halfway", runs, [&] { click("cmdPageUp"); });
+        measured.action("click previous, halfway", runs, [&] { click("cmdPageDown"); });
         qobject_cast<QAbstractButton *>(control("optSearch_0"))->click();
-        report("click last page (boys)",
-               medianOf(
-                   runs, [&] { click("cmdLastPage"); }, [&] { click("cmdSearch"); }));
-        report("click previous, at the end", medianOf(runs, [&] { click("cmdPageDown"); }));
+        measured.action(
+            "click last page (boys)", runs, [&] { click("cmdLastPage"); },
+            [&] { click("cmdSearch"); });
+        measured.action("click previous, at the end", runs, [&] { click("cmdPageDown"); });
     }
     auto *grid = static_cast<grid::FlexGrid *>(control("msSearchList"));
-    report("click a tick", medianOf(runs, [&] {
-               Q_EMIT grid->cellClicked(1, search::TickColumn);
-               QCoreApplication::processEvents();
-           }));
+    // To and fro, as what changes nothing costs the engine less.
+    measured.action("tick a name, untick it", runs, [&] {
+        for (int i = 0; i < 2; ++i) {
+            Q_EMIT grid->cellClicked(1, search::TickColumn);
+            QCoreApplication::processEvents();
+        }
+    });
     qobject_cast<QAbstractButton *>(control("optSearch_2"))->click();
-    qobject_cast<QComboBox *>(control("cboNameCondition"))->setCurrentIndex(1);
-    qobject_cast<QLineEdit *>(control("txtSearchName"))->setText(QStringLiteral("Ma"));
-    report("click Search (prefix)", medianOf(runs, [&] { click("cmdSearch"); }));
+    auto *condition = qobject_cast<QComboBox *>(control("cboNameCondition"));
+    auto *name = qobject_cast<QLineEdit *>(control("txtSearchName"));
+    condition->setCurrentText(QStringLiteral("Starts With"));
+    name->setText(QStringLiteral("Ma"));
+    measured.action("click Search (prefix)", runs, [&] { click("cmdSearch"); });
+    condition->setCurrentText(QStringLiteral("Contains"));
+    name->setText(QStringLiteral("lur"));
+    measured.action("click Search (contains)", runs, [&] { click("cmdSearch"); });
 }
 
 } // namespace
@@ -136,17 +113,19 @@ int main(int argc, char *argv[])
     if (sizes.isEmpty())
         sizes = {10000, 30000, 1000000};
     QStringList folders;
-    std::printf("%9s  %-24s %10s %10s %7s\n", "names", "action", "ours, us", "bare, us", "ratio");
+    Table table;
     for (const int size : sizes) {
         basTovarin::SetProgramFolder(worlds::database(arguments[1], size));
         basDatabase::OpenDatabase();
-        benchStatements(size, BareEngine(basTovarin::ProgramFolder() % u"/Tovarin.mdb"));
-        benchActions(size);
-        benchWorksheet(size, BareEngine(basTovarin::ProgramFolder() % u"/Tovarin.mdb"));
+        const Measured measured(table, size);
+        benchStatements(measured);
+        benchActions(measured);
+        benchWorksheet(measured);
         folders.append(basTovarin::ProgramFolder());
         basDatabase::CloseDatabase();
-        std::fflush(stdout);
     }
+    table.print();
+    std::fflush(stdout);
     benchStartup(folders);
     return 0;
 }

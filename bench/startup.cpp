@@ -3,6 +3,7 @@
 
 #include "bench/startup.h"
 
+#include "bench/timing.h"
 #include "upgrade/programfolder.h"
 
 #include <QDir>
@@ -11,7 +12,6 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
-#include <algorithm>
 #include <cstdio>
 #include <vector>
 
@@ -105,13 +105,6 @@ struct Cost
     double memory = 0; ///< MiB
 };
 
-double middleOf(std::vector<double> values)
-{
-    const auto middle = values.begin() + std::ptrdiff_t(values.size() / 2);
-    std::ranges::nth_element(values, middle);
-    return *middle;
-}
-
 /// The medians of both, which take turns.
 std::pair<Cost, Cost> costsOf(const Start &ours, const Start &empty)
 {
@@ -125,8 +118,8 @@ std::pair<Cost, Cost> costsOf(const Start &ours, const Start &empty)
             memories[isEmpty].push_back(session.memory());
         }
     }
-    return {{middleOf(times[0]), middleOf(memories[0])},
-            {middleOf(times[1]), middleOf(memories[1])}};
+    return {{timing::medianOf(times[0]), timing::medianOf(memories[0])},
+            {timing::medianOf(times[1]), timing::medianOf(memories[1])}};
 }
 
 void report(const char *name, const Start &ours, const Start &empty)

@@ -6,7 +6,6 @@
 #include <QElapsedTimer>
 
 #include <algorithm>
-#include <vector>
 
 namespace timing {
 
@@ -20,38 +19,29 @@ double timeOf(const Action &action)
     return double(timer.nsecsElapsed()) / 1000.0;
 }
 
-double middleOf(std::vector<double> times)
+} // namespace
+
+double medianOf(std::vector<double> values)
 {
-    const auto middle = times.begin() + std::ptrdiff_t(times.size() / 2);
-    std::ranges::nth_element(times, middle);
+    const auto middle = values.begin() + std::ptrdiff_t(values.size() / 2);
+    std::ranges::nth_element(values, middle);
     return *middle;
 }
 
-} // namespace
-
-double medianOf(int runs, const Action &action, const Action &before)
+std::pair<double, double> mediansOf(int runs, const Action &one, const Action &other,
+                                    const Action &beforeOne)
 {
-    before();
-    action();
-    std::vector<double> times;
-    for (int i = 0; i < runs; ++i) {
-        before();
-        times.push_back(timeOf(action));
-    }
-    return middleOf(std::move(times));
-}
-
-std::pair<double, double> mediansOf(int runs, const Action &one, const Action &other)
-{
+    beforeOne();
     one();
     other();
     std::vector<double> times;
     std::vector<double> otherTimes;
     for (int i = 0; i < runs; ++i) {
+        beforeOne();
         times.push_back(timeOf(one));
         otherTimes.push_back(timeOf(other));
     }
-    return {middleOf(std::move(times)), middleOf(std::move(otherTimes))};
+    return {medianOf(std::move(times)), medianOf(std::move(otherTimes))};
 }
 
 } // namespace timing

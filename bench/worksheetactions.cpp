@@ -3,8 +3,7 @@
 
 #include "bench/worksheetactions.h"
 
-#include "bench/bareengine.h"
-#include "bench/timing.h"
+#include "bench/measured.h"
 #include "db/basdatabase.h"
 #include "layout/mainlayout.h"
 #include "reports/reportdata.h"
@@ -15,8 +14,6 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <QTimer>
-
-#include <cstdio>
 
 namespace {
 
@@ -88,37 +85,23 @@ void fillTables()
     }
 }
 
-void report(int size, const char *name, const BareEngine &bare, const timing::Action &action)
-{
-    QByteArrayList statements;
-    basDatabase::WatchStatements([&](const QString &sql) { statements.append(sql.toUtf8()); });
-    action();
-    basDatabase::WatchStatements({});
-    const auto [ours, theirs] = timing::mediansOf(runs, action, [&] {
-        for (const QByteArray &sql : statements)
-            bare.fetch(sql);
-    });
-    std::printf("%9d  %-24s %10.0f %10.0f %7.2f\n", size, name, ours, theirs, ours / theirs);
-}
-
 } // namespace
 
-void benchWorksheet(int size, const BareEngine &bare)
+void benchWorksheet(const Measured &measured)
 {
     fillTables();
     Steps steps;
-    report(size, "open the ranking", bare, [&] { steps.open(); });
+    measured.action("open the ranking", runs, [&] { steps.open(); });
     for (const bool withSyncs : {true, false}) {
         const QString synchronous = withSyncs ? QStringLiteral("full") : QStringLiteral("off");
         basDatabase::ExecuteSQL(u"pragma synchronous = " % synchronous);
-        bare.fetch("pragma synchronous = " + synchronous.toUtf8());
-        report(size, withSyncs ? "save the ranking" : "ranking, no disk syncs", bare,
-               [&] { steps.save("cmdSaveTopN"); });
-        report(size, withSyncs ? "save the full names" : "full names, no syncs", bare,
-               [&] { steps.save("cmdSaveInitial"); });
+        measured.bare().fetch("pragma synchronous = " + synchronous.toUtf8());
+        measured.action(withSyncs ? "save the ranking" : "ranking, no disk syncs", runs,
+                        [&] { steps.save("cmdSaveTopN"); });
+        measured.action(withSyncs ? "save the full names" : "full names, no syncs", runs,
+                        [&] { steps.save("cmdSaveInitial"); });
     }
-    // Still without syncs, as the bare engine has no table in memory for it.
-    report(size, "text of the report", bare, [] {
+    measured.action("text of the report", runs, [] {
         const QString topN = QString::number(ranked);
         reports::FillTempTopN(topN);
         reports::topNReport({}, topN, reports::rankedNames(), reports::unrankedNames());

@@ -3,10 +3,9 @@
 
 #pragma once
 
-class BareEngine;
+class Measured;
 
-/// Prints what the steps of the Worksheet tab cost with 20 shortlisted names of which 10 are
-/// ranked, beside the same statements on the bare engine: opening the ranking, saving it and the
+/// Measures the steps of the Worksheet tab with 20 shortlisted names of which 10 are
+/// ranked: opening the ranking, saving it and the
 /// full names, with and without the disk's syncs, and making the report of the ranking.
-/// @param size  how many names the dictionary has
-void benchWorksheet(int size, const BareEngine &bare);
+void benchWorksheet(const Measured &measured);
