@@ -19,6 +19,9 @@ BareEngine::BareEngine(const QString &file)
     };
     sqlite3_create_collation_v2(m_handle, dbaccess::collationName, SQLITE_UTF8, nullptr, collate,
                                 nullptr);
+    // As the program has it; a larger cache is no merit of the layer's.
+    fetch("pragma cache_size = -32768");
+    fetch("pragma temp_store = memory");
 }
 
 BareEngine::~BareEngine()

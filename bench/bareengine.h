@@ -10,7 +10,8 @@
 
 struct sqlite3;
 
-/// The engine without this program's layer, but for the collation that the file's indexes need.
+/// The engine without this program's layer, but for its cache and the collation that the file's
+/// indexes need.
 class BareEngine
 {
 public:
