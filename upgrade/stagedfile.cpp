@@ -49,7 +49,7 @@ QString freePath(const QDir &folder, const QString &stem, const QString &ending)
 
 QDir stagingFolder(const QDir &programFolder)
 {
-    return QDir(programFolder.filePath(QStringLiteral("Tovarin.new")));
+    return {programFolder.filePath(QStringLiteral("Tovarin.new"))};
 }
 
 StagedFile::StagedFile(const QString &source, const QDir &programFolder, bool isExecutable)
