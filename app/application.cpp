@@ -3,6 +3,7 @@
 
 #include "app/application.h"
 
+#include "app/readablestyle.h"
 #include "db/programend.h"
 #include "platform/dialogs/messagebox.h"
 
@@ -54,6 +55,7 @@ Application::Application(int &argc, char **argv) : QApplication(argc, argv)
     setDesktopFileName(QStringLiteral("org.tovarin.tovarin"));
     // The program ends when a window says so, not because one gives way to the next.
     setQuitOnLastWindowClosed(false);
+    setStyle(new ReadableStyle);
     QAccessible::installFactory(accessibleFrame);
     QIcon icon;
     for (const int size : {16, 24, 32, 48, 64, 128, 256})

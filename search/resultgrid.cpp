@@ -4,6 +4,7 @@
 #include "search/resultgrid.h"
 
 #include "layout/columnwidths.h"
+#include "layout/twips.h"
 #include "platform/grid/flexgrid.h"
 #include "platform/grid/redrawlock.h"
 #include "search/pages.h"
@@ -18,16 +19,18 @@ namespace {
 
 constexpr QStringView tickMark = u"_";
 
-constexpr int tickSize = 15; // device-independent pixels
+constexpr int tickSize = 15; // device-independent pixels, where texts have their usual size
 
 QPixmap drawTick(const QWidget &widget, bool ticked)
 {
     const qreal ratio = widget.devicePixelRatioF();
-    QPixmap picture(QSize(tickSize, tickSize) * ratio);
+    const double scale = layout::textScale();
+    QPixmap picture(QSize(tickSize, tickSize) * scale * ratio);
     picture.setDevicePixelRatio(ratio);
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(scale, scale);
 
     const QPalette &palette = widget.palette();
     const QRectF box(1.5, 1.5, tickSize - 3, tickSize - 3);

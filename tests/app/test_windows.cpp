@@ -22,6 +22,7 @@
 #include <QDialog>
 #include <QFile>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTabBar>
@@ -468,6 +469,34 @@ private Q_SLOTS:
               QString(u"file://" % folder.folder() % u"/%2e%2e/passwd"),
               QString(u"file://host" % folder.folder() % u"/things.htm")})
             QVERIFY2(!allowed(url), qPrintable(url));
+    }
+
+    void blackDesktop_showsWhereItsControlsAre()
+    {
+        const QPalette usual = QApplication::palette();
+        QApplication::setPalette(QPalette(Qt::white, Qt::black, Qt::white, Qt::black, Qt::gray,
+                                          Qt::white, Qt::white, Qt::black, Qt::black));
+        const auto restore = qScopeGuard([&] { QApplication::setPalette(usual); });
+        const Folder folder;
+        frmInfo window;
+        int controls = 0;
+        for (QWidget *control : window.findChildren<QWidget *>()) {
+            const bool hasOutline = qobject_cast<QAbstractButton *>(control)
+                                    || qobject_cast<QComboBox *>(control)
+                                    || qobject_cast<QLineEdit *>(control);
+            const bool isInnerPart =
+                control->objectName().isEmpty() || control->objectName().startsWith(u"qt_");
+            if (!hasOutline || isInnerPart || control->isHidden())
+                continue;
+            // Its left edge, halfway down; texts begin further to the right.
+            const QImage picture = control->grab().toImage();
+            int lightest = 0;
+            for (int x = 0; x < 4; ++x)
+                lightest = std::max(lightest, qGray(picture.pixel(x, picture.height() / 2)));
+            QVERIFY2(lightest > 100, qPrintable(control->objectName()));
+            ++controls;
+        }
+        QVERIFY(controls > 20);
     }
 
     void layouts_clipAndOverlapNothing_data()
