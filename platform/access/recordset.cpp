@@ -54,7 +54,9 @@ const FieldValue &Recordset::field(QStringView name) const
     });
     if (found == m_names.end())
         throw EngineError(EngineError::Reason::UnknownColumn,
-                          QStringLiteral("The query has no field named \"%1\".").arg(name));
+                          QStringLiteral("The database has no field named \"%1\"; it may be "
+                                         "damaged.")
+                              .arg(name));
     return field(found - m_names.begin());
 }
 

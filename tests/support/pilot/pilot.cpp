@@ -127,6 +127,8 @@ void act(const QString &verb, QWidget *widget, const QString &text)
         QTest::mouseClick(widget, Qt::LeftButton, {}, QPoint(8, widget->height() / 2));
     else if (verb == u"close")
         widget->close();
+    else if (verb == u"tab")
+        qobject_cast<QTabWidget *>(widget)->setCurrentIndex(text.toInt());
     else if (verb == u"type")
         QTest::keyClicks(widget, text);
     else if (verb == u"paste")
@@ -204,18 +206,15 @@ bool Pilot::run(const QString &line)
         m_answerYes = name == u"yes";
         return true;
     }
-    QWidget *widget = find(verb == u"tab" ? QStringLiteral("tabInfo") : name);
+    const bool isTab = verb == u"tab";
+    QWidget *widget = find(isTab ? QStringLiteral("tabInfo") : name);
     if (!widget)
         return false;
-    if (verb == u"tab") {
-        qobject_cast<QTabWidget *>(widget)->setCurrentIndex(name.toInt());
-        return true;
-    }
     if (verb == u"page")
         return isLoaded(widget);
     // From the event loop, not from the timer: what is done may open a box, and while one is open
     // the timer has to go on.
-    QTimer::singleShot(0, widget, [=] { act(verb, widget, line.section(u' ', 2)); });
+    QTimer::singleShot(0, widget, [=] { act(verb, widget, line.section(u' ', isTab ? 1 : 2)); });
     return true;
 }
 
