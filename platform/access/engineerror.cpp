@@ -36,6 +36,9 @@ Refusal refusalOfStatement(const QString &text)
         return {Reason::UnknownColumn,
                 QStringLiteral("There is no column named \"%1\".")
                     .arg(text.section(QStringLiteral(" has no column named "), 1))};
+    // No statement names one; a file does that was not written by this program, or is spoilt.
+    if (text.startsWith(u"no such collation sequence"))
+        return {Reason::NotADatabase, QStringLiteral("The database is damaged.")};
     if (text.startsWith(u"near ") && text.endsWith(u": syntax error"))
         return {Reason::Syntax,
                 QStringLiteral("Syntax error in the statement near %1.")

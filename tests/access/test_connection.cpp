@@ -134,7 +134,8 @@ private Q_SLOTS:
               {"select * from", Reason::Syntax},
               {"select * from tblnone", Reason::UnknownTable},
               {"select none from tblmaster", Reason::UnknownColumn},
-              {"insert into tbltemp(none) values('x')", Reason::UnknownColumn}})
+              {"insert into tbltemp(none) values('x')", Reason::UnknownColumn},
+              {"select 'x' order by 1 collate none", Reason::NotADatabase}})
             QVERIFY2(connection.refusal(sql) == reason, sql);
 
         connection.run("pragma max_page_count = 1");

@@ -7,7 +7,7 @@
 #include "db/bastovarin.h"
 #include "platform/access/connection.h"
 #include "tests/app/builtprogram.h"
-#include "tests/app/faulttable.h"
+#include "tests/support/faulttable.h"
 
 #include <QFile>
 #include <QSet>
@@ -226,7 +226,7 @@ class TestDurability : public QObject
 private Q_SLOTS:
     void killedPrograms_loseNoTick()
     {
-        const int kills = isLongRun() ? 400 : 50;
+        const int kills = support::isLongRun() ? 400 : 50;
         constexpr int longestLife = 100; // milliseconds after the first tick
         const ProgramFolder folder;
         std::mt19937 random(std::random_device {}());
@@ -257,16 +257,17 @@ private Q_SLOTS:
             QVERIFY(shortlist == work.saved || shortlist.isEmpty() || shortlist == ticked);
             work.saved = shortlist;
         }
-        noteOutcome(QStringLiteral("%1 programs are killed while they tick and save").arg(kills),
-                    QStringLiteral("%1 ticks, %2 killed in mid-write; no tick lost, the file sound")
-                        .arg(work.ticks)
-                        .arg(halfWritten));
+        support::noteOutcome(
+            QStringLiteral("%1 programs are killed while they tick and save").arg(kills),
+            QStringLiteral("%1 ticks, %2 killed in mid-write; no tick lost, the file sound")
+                .arg(work.ticks)
+                .arg(halfWritten));
         QVERIFY(work.ticks >= kills);
     }
 
     void killedPrograms_keepWhatTheirStatementsHaveSaved()
     {
-        const int kills = isLongRun() ? 100 : 12;
+        const int kills = support::isLongRun() ? 100 : 12;
         constexpr int longestLife = 150; // milliseconds after the first save begins
         const ProgramFolder folder;
         std::mt19937 random(std::random_device {}());
@@ -307,7 +308,7 @@ private Q_SLOTS:
             std::ranges::sort(ranking);
             QCOMPARE(rows, ranking);
         }
-        noteOutcome(
+        support::noteOutcome(
             QStringLiteral("%1 programs are killed while they save ranks and full names")
                 .arg(kills),
             QStringLiteral("%1 saves, %2 killed between their statements; what they had saved is "
@@ -340,7 +341,7 @@ private Q_SLOTS:
         QCOMPARE(file.ticked(), done.ticked);
         QVERIFY(done.ticked.contains(file.shortlist()));
         QVERIFY(file.shortlist().size() >= 50);
-        noteOutcome(
+        support::noteOutcome(
             QStringLiteral("a second copy ticks and saves at the same time"),
             QStringLiteral("both work as ever; all %1 ticks are there").arg(done.ticked.size()));
     }

@@ -7,7 +7,7 @@
 #include "db/bastovarin.h"
 #include "platform/access/connection.h"
 #include "tests/app/builtprogram.h"
-#include "tests/app/faulttable.h"
+#include "tests/support/faulttable.h"
 
 #include <QDir>
 #include <QFile>
@@ -197,7 +197,7 @@ private Q_SLOTS:
         const Run run = runProgram(used(folder), usualPass);
         QVERIFY2(run.exitCode == 0 && run.said.size() == 8, qPrintable(run.said.join(u'\n')));
         m_usual = run.said;
-        noteOutcome(QStringLiteral("nothing is wrong"), outcomeOf(run, m_usual));
+        support::noteOutcome(QStringLiteral("nothing is wrong"), outcomeOf(run, m_usual));
     }
 
     void brokenFolder_data()
@@ -254,7 +254,7 @@ private Q_SLOTS:
         breakIt(folder);
         const QByteArray broken = folder.content("Tovarin.mdb");
         const QString outcome = outcomeOf(runProgram(folder, usualPass), m_usual);
-        noteOutcome(QString::fromLatin1(QTest::currentDataTag()), outcome);
+        support::noteOutcome(QString::fromLatin1(QTest::currentDataTag()), outcome);
         QCOMPARE(outcome, expected);
         if (expected == worksAsEver) {
             QCOMPARE(userRows(folder).section(u'/', 2), before.section(u'/', 2));
@@ -273,7 +273,7 @@ private Q_SLOTS:
     {
         std::mt19937 random(std::random_device {}());
         QMap<QString, int> outcomes;
-        const int files = isLongRun() ? 300 : 12;
+        const int files = support::isLongRun() ? 300 : 12;
         for (int i = 0; i < files; ++i) {
             ProgramFolder folder;
             used(folder);
@@ -299,8 +299,9 @@ private Q_SLOTS:
         QStringList told;
         for (auto outcome = outcomes.cbegin(); outcome != outcomes.cend(); ++outcome)
             told.append(QStringLiteral("%1 × %2").arg(outcome.value()).arg(outcome.key()));
-        noteOutcome(QStringLiteral("%1 databases that are cut off or have flipped bits").arg(files),
-                    told.join(u"; "));
+        support::noteOutcome(
+            QStringLiteral("%1 databases that are cut off or have flipped bits").arg(files),
+            told.join(u"; "));
     }
 
     void readOnlyFolder()
@@ -311,7 +312,7 @@ private Q_SLOTS:
         const Run run = runProgram(folder, usualPass, Start::AsOrdinaryUser);
         folder.setWritable(true);
         const QString outcome = outcomeOf(run, m_usual);
-        noteOutcome(QStringLiteral("the folder is read-only"), outcome);
+        support::noteOutcome(QStringLiteral("the folder is read-only"), outcome);
         QCOMPARE(outcome,
                  QStringLiteral("says “The database is read-only, so nothing was changed. Please "
                                 "check that you may write to the program's folder.” and goes on"));
@@ -327,13 +328,13 @@ private Q_SLOTS:
         const QString before = userRows(used(folder));
         disk.fill();
         const QString outcome = outcomeOf(runProgram(folder, usualPass), m_usual);
-        noteOutcome(QStringLiteral("the disk is full"), outcome);
+        support::noteOutcome(QStringLiteral("the disk is full"), outcome);
         QCOMPARE(outcome, QStringLiteral("says “The disk is full, so nothing was changed. Please "
                                          "free some space and try again.” and goes on"));
         QCOMPARE(userRows(folder), before);
         disk.empty();
         const QString after = outcomeOf(runProgram(folder, usualPass), m_usual);
-        noteOutcome(QStringLiteral("the disk has space again"), after);
+        support::noteOutcome(QStringLiteral("the disk has space again"), after);
         QCOMPARE(after, worksAsEver);
     }
 
@@ -383,7 +384,7 @@ private Q_SLOTS:
             QCOMPARE(::run(folder.path(), u"select " % QLatin1String(column) % u" from tblinitial"),
                      text);
         QCOMPARE(userRows(folder).section(u'/', 0, 2), before.section(u'/', 0, 2));
-        noteOutcome(
+        support::noteOutcome(
             QString::fromLatin1(QTest::currentDataTag()),
             QStringLiteral("finds %1 names; kept letter by letter")
                 .arg(run.said.filter(QStringLiteral("msSearchList: ")).value(0).section(u' ', 1)));

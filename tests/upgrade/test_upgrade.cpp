@@ -6,6 +6,7 @@
 #include "db/basdatabase.h"
 #include "db/bastovarin.h"
 #include "tests/support/brokendisks.h"
+#include "tests/support/faulttable.h"
 #include "tests/support/sampledatabase.h"
 #include "upgrade/programfolder.h"
 
@@ -252,7 +253,7 @@ private Q_SLOTS:
 
     void killedUpgrades_leaveTheOldOrTheNew()
     {
-        const int kills = qEnvironmentVariableIsSet("TOVARIN_LONG") ? 400 : 40;
+        const int kills = support::isLongRun() ? 400 : 40;
         std::vector<dictionary::Entry> entries;
         for (int i = 0; i < 8000; ++i)
             entries.push_back({QStringLiteral("Name%1").arg(i), u'B', QStringLiteral("Test"),
@@ -290,8 +291,12 @@ private Q_SLOTS:
             basDatabase::CloseDatabase();
             support::writeFile(used.file(QStringLiteral("Tovarin.mdb")), before);
         }
-        qInfo("%d kills: %d upgrades were through, %d were in mid-write", kills, renewed,
-              hotJournals);
+        support::noteOutcome(
+            QStringLiteral("%1 upgrades to a newer dictionary are killed").arg(kills),
+            QStringLiteral("%1 were through, %2 killed in mid-write; all of the old or all of the "
+                           "new is there, no tick lost")
+                .arg(renewed)
+                .arg(hotJournals));
         upgrade::place(newer.folder(), used.folder());
         QCOMPARE(Opened(used.folder()).ticked().size(), 790);
         QCOMPARE(QDir(used.folder()).entryList({QStringLiteral("*.new"), QStringLiteral("*.lock")}),

@@ -5,9 +5,13 @@
 
 #include <QString>
 
-/// Adds a row to the table of faults that a test program leaves in the build folder, from which
+namespace support {
+
+/// Adds a row to the table of faults that a test program leaves beside itself, from which
 /// tools/render-faults makes docs/faults.md.
 void noteOutcome(const QString &fault, const QString &outcome);
 
 /// Whether the tests are to take their time: more kills, more broken files.
 bool isLongRun();
+
+} // namespace support
