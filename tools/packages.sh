@@ -2,11 +2,11 @@
 # Sourced by ./run, ./test, ./lint, ./tour and .ci/run: installs the Debian packages that are
 # missing, and only those.
 
-# What building and running the program takes.
+# What building and running the program takes; ICU is the tests', which are configured with the rest.
 build_packages=(g++ cmake ninja-build ccache qt6-base-dev qt6-webengine-dev libgl-dev
-    libsqlitecpp-dev libsqlite3-dev fonts-dejavu-core)
+    libsqlitecpp-dev libsqlite3-dev libicu-dev fonts-dejavu-core)
 # What the tests take besides.
-test_packages=(libicu-dev poppler-utils clang libclang-rt-14-dev
+test_packages=(poppler-utils clang libclang-rt-14-dev
     xvfb openbox xdotool dbus at-spi2-core python3-pyatspi)
 # What ./lint takes besides.
 lint_packages=(clang-format clang-tidy shellcheck tidy pyflakes3)
