@@ -72,10 +72,10 @@ void startProgram(QProcess &program, const ProgramFolder &folder, const QString 
 {
     program.setProcessEnvironment(pilotEnvironment(script));
     program.setReadChannel(QProcess::StandardError);
+    // It is still the superuser, but without the rights that go beyond those of a file's owner.
     if (start == Start::AsOrdinaryUser && geteuid() == 0)
         program.start(QStringLiteral("setpriv"),
-                      {QStringLiteral("--reuid=65534"), QStringLiteral("--regid=65534"),
-                       QStringLiteral("--clear-groups"), folder.file("tovarin")});
+                      {QStringLiteral("--bounding-set=-all"), folder.file("tovarin")});
     else
         program.start(folder.file("tovarin"), {});
 }
