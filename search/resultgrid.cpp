@@ -19,12 +19,13 @@ namespace {
 
 constexpr QStringView tickMark = u"_";
 
-constexpr int tickSize = 15; // device-independent pixels, where texts have their usual size
+constexpr int tickSize = 15; // of the drawing, and in pixels where texts have their usual size
+constexpr int tickTwips = 225;
 
 QPixmap drawTick(const QWidget &widget, bool ticked)
 {
     const qreal ratio = widget.devicePixelRatioF();
-    const double scale = layout::textScale();
+    const double scale = double(layout::pixelsFromTwips(tickTwips)) / tickSize;
     QPixmap picture(QSize(tickSize, tickSize) * scale * ratio);
     picture.setDevicePixelRatio(ratio);
     picture.fill(Qt::transparent);
