@@ -116,8 +116,6 @@ std::vector<Pair> moves(const BareEngine &bare)
                                    .letter = QStringLiteral("M"), .sex = search::Sex::Boy}),
                                "name_desc >= 'M' and name_desc < 'N' and name_sex = 'B' and ",
                                {35, 50, 65}}};
-    bare.fetch("create temp table scratch(name_desc text collate tovarin, name_orgid, name_sex, "
-               "name_mid, name_first, name_select)");
     std::vector<Pair> pairs;
     for (const Browse &browse : browses) {
         for (const int percent : browse.places) {
@@ -138,13 +136,13 @@ std::vector<Pair> moves(const BareEngine &bare)
                 {QStringLiteral("last %1, %2").arg(rows).arg(browse.name),
                  {search::lastPageInsert(browse.clause, QString::number(rows)),
                   search::lastPageQuery(), search::lastPageDelete()},
-                 {"insert into scratch select name_desc, name_orgid, name_sex, name_mid, "
+                 {"insert into tbltemp select name_desc, name_orgid, name_sex, name_mid, "
                   "name_first, name_select from tblmaster, tblmeaning, tblorg where "
                       + browse.condition + joins + lastOrder + limit,
                   QByteArray("select name_first, name_desc, name_sex, org_desc, meaning_name, "
-                             "name_select from scratch, tblmeaning, tblorg where ")
+                             "name_select from tbltemp, tblmeaning, tblorg where ")
                       + joins + pageOrder,
-                  "delete from scratch"}});
+                  "delete from tbltemp"}});
         }
     }
     return pairs;

@@ -23,7 +23,8 @@ struct Pair
 std::vector<Pair> starts();
 
 /// The moves to the next and the previous page near the beginning, in the middle and near the end
-/// of two browses, and those to the last page, which goes through a scratch table on both sides.
+/// of two browses, and those to the last page, which goes through "tbltemp" on both sides:
+/// the bare engine has to have its own in memory.
 std::vector<Pair> moves(const BareEngine &bare);
 
 } // namespace statements

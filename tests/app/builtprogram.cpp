@@ -37,15 +37,6 @@ void ProgramFolder::replace(const char *name, const QByteArray &content) const
         qFatal("can't write %s", name);
 }
 
-void ProgramFolder::setWritable(bool writable) const
-{
-    const QFile::Permissions read = QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther;
-    const QFile::Permissions enter = QFile::ExeOwner | QFile::ExeGroup | QFile::ExeOther;
-    const QFile::Permissions write = writable ? QFile::WriteOwner : QFile::Permissions();
-    QFile::setPermissions(file("Tovarin.mdb"), read | write);
-    QFile::setPermissions(m_path, read | enter | write);
-}
-
 QProcessEnvironment pilotEnvironment(const QString &script)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();

@@ -20,7 +20,6 @@ public:
     QString file(const char *name) const;
     QByteArray content(const char *name) const;
     void replace(const char *name, const QByteArray &content) const;
-    void setWritable(bool writable) const;
 
 private:
     QTemporaryDir m_folder;

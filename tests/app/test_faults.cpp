@@ -7,6 +7,7 @@
 #include "db/bastovarin.h"
 #include "platform/access/connection.h"
 #include "tests/app/builtprogram.h"
+#include "tests/support/brokendisks.h"
 #include "tests/support/faulttable.h"
 
 #include <QDir>
@@ -308,9 +309,9 @@ private Q_SLOTS:
     {
         ProgramFolder folder;
         const QString before = userRows(used(folder));
-        folder.setWritable(false);
+        support::setWritable(folder.path(), false);
         const Run run = runProgram(folder, usualPass, Start::AsOrdinaryUser);
-        folder.setWritable(true);
+        support::setWritable(folder.path(), true);
         const QString outcome = outcomeOf(run, m_usual);
         support::noteOutcome(QStringLiteral("the folder is read-only"), outcome);
         QCOMPARE(outcome,

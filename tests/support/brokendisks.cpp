@@ -29,9 +29,20 @@ void limitFileSize(bool limited)
 
 } // namespace
 
+void setWritable(const QString &folder, bool writable)
+{
+    const QFile::Permissions read = QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther;
+    const QFile::Permissions enter = QFile::ExeOwner | QFile::ExeGroup | QFile::ExeOther;
+    const QFile::Permissions write = writable ? QFile::WriteOwner : QFile::Permissions();
+    for (const QFileInfo &file : QDir(folder).entryInfoList(QDir::Files))
+        QFile::setPermissions(file.filePath(),
+                              read | write | (file.isExecutable() ? enter : QFile::Permissions()));
+    QFile::setPermissions(folder, read | enter | write);
+}
+
 ReadOnlyFolder::ReadOnlyFolder(const QString &path) : m_path(path), m_wasSuperuser(geteuid() == 0)
 {
-    setWritable(false);
+    setWritable(path, false);
     if (m_wasSuperuser && seteuid(ordinaryUser) != 0)
         std::abort();
 }
@@ -40,17 +51,7 @@ ReadOnlyFolder::~ReadOnlyFolder()
 {
     if (m_wasSuperuser && seteuid(0) != 0)
         std::abort();
-    setWritable(true);
-}
-
-void ReadOnlyFolder::setWritable(bool writable) const
-{
-    const QFile::Permissions read = QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther;
-    const QFile::Permissions enter = QFile::ExeOwner | QFile::ExeGroup | QFile::ExeOther;
-    const QFile::Permissions write = writable ? QFile::WriteOwner : QFile::Permissions();
-    for (const QFileInfo &file : QDir(m_path).entryInfoList(QDir::Files))
-        QFile::setPermissions(file.filePath(), read | write);
-    QFile::setPermissions(m_path, read | enter | write);
+    setWritable(m_path, true);
 }
 
 FullDisk::FullDisk()

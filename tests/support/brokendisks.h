@@ -7,6 +7,9 @@
 
 namespace support {
 
+/// Whether a folder and its files can be written by their owner; all can read them.
+void setWritable(const QString &folder, bool writable);
+
 /// A folder and its files can't be written while it lives. A superuser acts as an ordinary user
 /// meanwhile, for whom read-only counts; files have to be opened in that time.
 class ReadOnlyFolder
@@ -18,8 +21,6 @@ public:
     ReadOnlyFolder &operator=(const ReadOnlyFolder &) = delete;
 
 private:
-    void setWritable(bool writable) const;
-
     QString m_path;
     bool m_wasSuperuser = false;
 };
