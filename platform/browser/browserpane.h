@@ -8,16 +8,11 @@
 #include <QUrl>
 #include <QWidget>
 
-#include <memory>
 #include <optional>
-
-class QWebEngineProfile;
-class QWebEngineView;
 
 namespace browser {
 
-class Page;
-class PrintJob;
+class PaneView;
 
 /// Sets up the process for the browser. To be called before the application object is made.
 void prepareProcess();
@@ -40,8 +35,8 @@ QString fileAddress(const QString &path);
 struct BlankDocument
 {
     QString title;
-    QString styleSheet;  ///< the name of a file in the page folder; empty for none
-    QStringList scripts; ///< the only scripts and event handlers that run in it, as they stand
+    QString styleSheet {};  ///< the name of a file in the page folder; empty for none
+    QStringList scripts {}; ///< the only scripts and event handlers that run in it, as they stand
 };
 
 /// A pane that shows a page of the page folder, or a document that the program fills. It knows no
@@ -55,7 +50,6 @@ class BrowserPane : public QWidget
 
 public:
     explicit BrowserPane(QWidget *parent = nullptr);
-    ~BrowserPane() override;
 
     /// Shows a file. For a missing one a page of the browser's own says so.
     void navigate(const QString &path);
@@ -86,21 +80,17 @@ Q_SIGNALS:
     void printFinished(const browser::PrintResult &result);
 
 protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
     void showEvent(QShowEvent *event) override;
 
 private:
     void makeView();
+    void replaceView();
     void loadContent();
     void recover();
-    void tellFocus(bool isNewDocument);
 
-    std::shared_ptr<QWebEngineProfile> m_profile;
-    QWebEngineView *m_view = nullptr; ///< null until the pane is first seen
-    Page *m_page = nullptr;
-    PrintJob *m_printJob = nullptr;
-    QUrl m_url;
-    std::optional<BlankDocument> m_blank; ///< what is shown in the place of the address
+    PaneView *m_view = nullptr; ///< null until the pane is first seen
+    QString m_path;
+    std::optional<BlankDocument> m_blank; ///< what is shown in the place of the file
     bool m_mayRecover = false;            ///< once; a page may be the reason for its own loss
 };
 

@@ -4,27 +4,18 @@
 #include "platform/browser/page.h"
 
 #include "platform/browser/browserpane.h"
+#include "platform/browser/pagefolder.h"
 
 #include <QCryptographicHash>
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QFont>
 #include <QGuiApplication>
 #include <QWebEngineProfile>
 #include <QWebEngineSettings>
 #include <QWebEngineUrlRequestInterceptor>
 
-#include <cmath>
-
 namespace browser {
 
 namespace {
-
-QString thePageFolder;
-double theTextScale = 1;
-
-constexpr int usualFontSize = 16; // pixels
 
 /// Stops every request that leaves the page folder, whatever asks for it.
 class RequestGuard final : public QWebEngineUrlRequestInterceptor
@@ -65,63 +56,13 @@ QString contentSecurityPolicy(const QStringList &scripts)
     return policy % u"'unsafe-hashes' 'unsafe-eval'";
 }
 
-/// @param head, body  what stands between their tags
-QString ownHtml(const QString &head, const QString &body = {})
-{
-    return u"<!DOCTYPE html><html lang=\"en\"><head><meta charset=\"utf-8\">" % head
-           % u"</head><body>" % body % u"</body></html>";
-}
-
 QString blankHtml(const BlankDocument &document)
 {
-    const QString styleSheet = document.styleSheet.isEmpty()
-                                   ? QString()
-                                   : QString(u"<link rel=\"stylesheet\" href=\""
-                                             % document.styleSheet.toHtmlEscaped() % u"\">");
     return ownHtml(u"<meta http-equiv=\"Content-Security-Policy\" content=\""
-                   % contentSecurityPolicy(document.scripts) % u"\"><title>"
-                   % document.title.toHtmlEscaped() % u"</title>" % styleSheet);
-}
-
-/// What is shown in the place of a file that can't be read. The engine's own page for it would
-/// need scripts.
-QString notFoundHtml(const QString &path)
-{
-    return ownHtml(QStringLiteral("<meta name=\"color-scheme\" content=\"light dark\">"
-                                  "<title>This page is missing</title>"),
-                   u"<h1>This page is missing</h1><p>The file " % path.toHtmlEscaped()
-                       % u" could not be read. Everything else works as before. To see the page "
-                         u"again, put the file back.</p>");
+                   % contentSecurityPolicy(document.scripts) % u"\">" % blankHead(document));
 }
 
 } // namespace
-
-void setPageFolder(const QString &folder)
-{
-    thePageFolder = QDir(folder).absolutePath();
-}
-
-void setTextScale(double scale)
-{
-    theTextScale = scale;
-}
-
-bool isAllowed(const QUrl &url)
-{
-    if (url == QUrl(QStringLiteral("about:blank")))
-        return true;
-    if (url.scheme() != u"file" || !url.host().isEmpty() || thePageFolder.isEmpty())
-        return false;
-    const QString file = QDir::cleanPath(url.toLocalFile());
-    return QFileInfo(file).path() == thePageFolder;
-}
-
-QString fileAddress(const QString &path)
-{
-    return QUrl::fromLocalFile(path)
-        .toString(QUrl::FullyEncoded)
-        .replace(u'\'', QStringLiteral("%27"));
-}
 
 std::shared_ptr<QWebEngineProfile> sharedProfile()
 {
@@ -140,23 +81,22 @@ std::shared_ptr<QWebEngineProfile> sharedProfile()
         settings.setAttribute(QWebEngineSettings::AutoLoadIconsForPage, false);
         settings.setAttribute(QWebEngineSettings::NavigateOnDropEnabled, false);
         settings.setAttribute(QWebEngineSettings::LocalContentCanAccessRemoteUrls, false);
-        settings.setFontSize(QWebEngineSettings::DefaultFontSize,
-                             static_cast<int>(std::lround(usualFontSize * theTextScale)));
+        settings.setFontSize(QWebEngineSettings::DefaultFontSize, fontSize());
         settings.setFontFamily(QWebEngineSettings::StandardFont, QGuiApplication::font().family());
         shared = profile;
     }
     return profile;
 }
 
-void Page::showFile(const QUrl &url)
+void Page::showFile(const QString &path)
 {
     settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, false);
-    const QString path = url.toLocalFile();
-    if (QFile file(path); QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly)) {
+    if (isReadable(path)) {
         m_isOwn = false;
-        load(url);
+        load(QUrl::fromLocalFile(path));
     } else {
-        showOwn(notFoundHtml(QDir::toNativeSeparators(path)));
+        // The engine's own page for it would need scripts.
+        showOwn(notFoundHtml(path));
     }
 }
 
@@ -170,7 +110,7 @@ void Page::showOwn(const QString &html)
 {
     m_isOwn = true;
     // Pictures from files are only shown to a document that comes from a file itself.
-    setHtml(html, QUrl::fromLocalFile(thePageFolder % u'/'));
+    setHtml(html, QUrl::fromLocalFile(pageFolder() % u'/'));
 }
 
 bool Page::acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame)

@@ -25,7 +25,7 @@ public:
 
     /// Shows a file of the page folder, from which links may lead to others of the folder; in the
     /// place of one that can't be read, a page that says so.
-    void showFile(const QUrl &url);
+    void showFile(const QString &path);
     /// Shows an empty document, from which nothing leads anywhere.
     void showBlank(const BlankDocument &document);
 

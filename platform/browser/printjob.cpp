@@ -3,10 +3,11 @@
 
 #include "platform/browser/printjob.h"
 
+#include "platform/browser/pdffile.h"
+
 #include <QPointer>
 #include <QPrintDialog>
 #include <QPrinter>
-#include <QSaveFile>
 #include <QWebEngineView>
 
 #include <utility>
@@ -22,17 +23,6 @@ constexpr int dotsPerInch = 300;
 constexpr double pageMargin = 15; // millimetres, unless the dialog is told otherwise
 
 using Outcome = PrintResult::Outcome;
-
-PrintResult savePdf(const QString &path, const QByteArray &pdf)
-{
-    if (pdf.isEmpty())
-        return {.outcome = Outcome::Failed, .file = path};
-    // Written whole or not at all, so that a file that is there is not lost to a full disk.
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(pdf) == pdf.size() && file.commit())
-        return {.outcome = Outcome::SavedAsFile, .file = path};
-    return {.outcome = Outcome::Failed, .file = path, .reason = file.errorString()};
-}
 
 } // namespace
 

@@ -28,7 +28,6 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
-#include <QWebEngineView>
 
 #include <optional>
 
@@ -441,34 +440,6 @@ private Q_SLOTS:
         QCOMPARE(reader.boxes(),
                  (std::vector {support::Box {QMessageBox::Critical, QStringLiteral("Error"),
                                              QStringLiteral("Overflow")}}));
-    }
-
-    void pages_areShownAndNothingElse()
-    {
-        const Folder folder;
-        frmInfo window;
-        window.show();
-        auto *pane = window.findChild<browser::BrowserPane *>(QStringLiteral("dhtmThings"));
-        QSignalSpy complete(pane, &browser::BrowserPane::documentComplete);
-        QVERIFY(complete.wait(20000));
-        // A missing file is the browser's to tell; the program goes on.
-        auto *page = pane->findChild<QWebEngineView *>()->page();
-        QCOMPARE(page->title(), QStringLiteral("Things to Consider"));
-        pane->navigate(folder.file(QStringLiteral("none.htm")));
-        QVERIFY(complete.wait(20000));
-        QCOMPARE(page->title(), QStringLiteral("This page is missing"));
-
-        const auto allowed = [](const QString &url) { return browser::isAllowed(QUrl(url)); };
-        QVERIFY(allowed(QStringLiteral("about:blank")));
-        QVERIFY(allowed(u"file://" % folder.folder() % u"/things.htm"));
-        for (const QString &url :
-             {QStringLiteral("http://example.org/"), QStringLiteral("https://example.org/x.png"),
-              QStringLiteral("file:///etc/passwd"), QStringLiteral("about:version"),
-              QStringLiteral("data:text/html,x"), QStringLiteral("javascript:alert(1)"),
-              QString(u"file://" % folder.folder() % u"/../../etc/passwd"),
-              QString(u"file://" % folder.folder() % u"/%2e%2e/passwd"),
-              QString(u"file://host" % folder.folder() % u"/things.htm")})
-            QVERIFY2(!allowed(url), qPrintable(url));
     }
 
     void blackDesktop_showsWhereItsControlsAre()

@@ -5,6 +5,7 @@
 #include "platform/browser/browserpane.h"
 #include "reports/frmprinttopn.h"
 #include "reports/reportdata.h"
+#include "tests/reports/reportfolder.h"
 #include "tests/support/boxes.h"
 #include "tests/support/brokendisks.h"
 #include "tests/support/sampledatabase.h"
@@ -35,57 +36,6 @@ using support::BoxReader;
 namespace {
 
 constexpr int pageTimeout = 20000; // milliseconds
-
-/// A program folder with the files of the reports and an open database.
-class Folder : public support::SampleDatabase
-{
-public:
-    /// @param statements  what fills the tables
-    explicit Folder(const QStringList &statements = {}) : SampleDatabase({})
-    {
-        browser::setPageFolder(folder());
-        QFile::copy(QStringLiteral(DATA_FOLDER "/pages/report.css"),
-                    file(QStringLiteral("report.css")));
-        QFile::copy(QStringLiteral(DATA_FOLDER "/pictures/logocust.jpg"),
-                    file(QStringLiteral("logocust.jpg")));
-        basDatabase::OpenDatabase();
-        for (const QString &statement : statements)
-            basDatabase::ExecuteSQL(statement);
-    }
-    ~Folder() { basDatabase::CloseDatabase(); }
-    Folder(const Folder &) = delete;
-    Folder &operator=(const Folder &) = delete;
-};
-
-QString shortlisted(const QString &values)
-{
-    return u"insert into tblresult(name_desc, name_orgid, name_sex, name_meaning) values(" % values
-           % u')';
-}
-
-QString ranked(const QString &values)
-{
-    return u"insert into tbltopn(t10_id, t10_name, t10_orgid, t10_sex, t10_mid) values(" % values
-           % u')';
-}
-
-QString fullName(const QString &values)
-{
-    return u"insert into tblinitial values(" % values % u')';
-}
-
-/// Names that are ranked or not, with apostrophes, accents and markup, nothing and null.
-QStringList sampleRows()
-{
-    return {shortlisted(QStringLiteral("'Zoë','Greek','G','life'")),
-            shortlisted(QStringLiteral("'D''Arcy','Irish','B','dark'")),
-            shortlisted(QStringLiteral("'Anna','Hebrew','G',null")),
-            shortlisted(QStringLiteral("'Ben <i>x</i>','Hebrew','B',''")),
-            ranked(QStringLiteral("'02','D''Arcy','Irish','B','dark'")),
-            ranked(QStringLiteral("'01','Gone','Old Norse','B',null")),
-            fullName(QStringLiteral("'Zoë','Ann','O''Neil','K.L.','ZAOK.L.'")),
-            fullName(QStringLiteral("'Ben',null,'','<b>y</b>',null"))};
-}
 
 /// The report window as its buttons open it.
 class Report
@@ -173,96 +123,25 @@ class TestReports : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void texts_areWrittenPieceByPiece()
+    void pane_showsAPageOrThatItIsMissing()
     {
-        const QString beginning =
-            QStringLiteral("<script language='JavaScript1.2'>function disabletext(e){return false "
-                           "} \rfunction reEnable(){return true }\r//if the browser is IE4+\r"
-                           "document.onselectstart=new Function ('return false')\r//if the browser "
-                           "is NS6 \rif (window.sidebar){ Document.onmousedown = disabletext;"
-                           "Document.onclick = reEnable;}</script><html><body><center>"
-                           "<img src='file:///P/logocust.jpg'><br><h2>");
-        const QString end = QStringLiteral(
-            "</table></center><br><center><input type=button "
-            "onclick='javascript:window.print()' value='Print'><br><br>Made with Tovarin, the "
-            "names dictionary for expectant parents.</center></body></html>");
-        const QString names = QStringLiteral(
-            "<table border=1 cellpadding=0 cellspacing=0><tr bgcolor='Silver'><td>No.</td><td>Name"
-            "</td><td>Origin</td><td>Boy/Girl</td><td>Meaning</td></tr>");
-        const QString logo = QStringLiteral("file:///P/logocust.jpg");
-
-        const Folder folder(sampleRows());
-        QVERIFY(reports::FillTempTopN(QStringLiteral("10")));
-        QCOMPARE(reports::topNReport(logo, QStringLiteral("10"), reports::rankedNames(),
-                                     reports::unrankedNames()),
-                 beginning % u"Your Top 10 Selected Tovarin Names</h2><br>" % names
-                     % u"<tr><td>1</td><td>Gone</td><td>Old Norse</td><td>B</td><td></td></tr>"
-                       u"<tr><td>2</td><td>D'Arcy</td><td>Irish</td><td>B</td><td>dark</td></tr>"
-                       u"</table><br><h2>Your Selected Tovarin Names</h2><br>"
-                     % names
-                     % u"<tr><td>1</td><td>Anna</td><td>Hebrew</td><td>G</td><td></td></tr>"
-                       u"<tr><td>2</td><td>Ben <i>x</i></td><td>Hebrew</td><td>B</td><td></td></tr>"
-                       u"<tr><td>3</td><td>Zoë</td><td>Greek</td><td>G</td><td>life</td></tr>"
-                     % end);
-        QCOMPARE(
-            reports::initialReport(logo, reports::savedFullNames()),
-            beginning
-                % u"Your Tovarin Full Name and Initials</h2><br>"
-                  u"<table border=0 cellpadding=1 cellspacing=1><tr bgcolor='Silver'><td>No.</td>"
-                  u"<td>First</td><td>Middle</td><td>Last</td><td>Other</td><td>Initial</td></tr>"
-                  u"<tr><td>1</td><td>Zoë</td><td>Ann</td><td>O'Neil</td><td>K.L.</td>"
-                  u"<td>ZAOK.L.</td></tr><tr><td>2</td><td>Ben</td><td>&nbsp;</td><td></td>"
-                  u"<td><b>y</b></td><td>&nbsp;</td></tr>"
-                % end);
-    }
-
-    void logo_isFoundInAnyFolder()
-    {
-        QCOMPARE(browser::fileAddress(QStringLiteral("/O'Neil 100%/é#?/logo.jpg")),
-                 QStringLiteral("file:///O%27Neil%20100%25/%C3%A9%23%3F/logo.jpg"));
-    }
-
-    void tempTopN_isFilledAnewFromTheShortlist()
-    {
-        const Folder folder(sampleRows());
-        const QString all = QStringLiteral("select * from TEMPTOPN");
-        QVERIFY(reports::FillTempTopN(QStringLiteral("10")));
-        QCOMPARE(support::table(all), QStringList({QStringLiteral("Zoë|Greek|G|1|Y"),
-                                                   QStringLiteral("D'Arcy|Irish|B|02|T"),
-                                                   QStringLiteral("Anna|Hebrew|G|2|Y"),
-                                                   QStringLiteral("Ben <i>x</i>|Hebrew|B|3|Y")}));
-        // Blanks go only where there is no rank, and a namesake has a rank of his own.
-        for (const char *statement :
-             {"delete from tblresult", "insert into tblresult(name_desc, name_orgid, name_sex) "
-                                       "values(' Gone', 'Old Norse', 'B'), (' New', 'Irish', 'B'), "
-                                       "('D''Arcy', 'Irish', 'G')"})
-            basDatabase::ExecuteSQL(QLatin1String(statement));
-        QVERIFY(reports::FillTempTopN(QStringLiteral("10")));
-        QCOMPARE(support::table(all), QStringList({QStringLiteral(" Gone|Old Norse|B|01|T"),
-                                                   QStringLiteral("New|Irish|B|1|Y"),
-                                                   QStringLiteral("D'Arcy|Irish|G|2|Y")}));
-    }
-
-    void tempTopN_thatCannotBeEmptied_printsNothing()
-    {
-        const Folder folder;
-        // The connection's own table, then the file's.
-        for (int i = 0; i < 2; ++i)
-            QVERIFY(basDatabase::ExecuteSQL(QStringLiteral("drop table TEMPTOPN")));
-        BoxReader reader;
-        QVERIFY(!reports::FillTempTopN(QStringLiteral("10")));
-        const auto error = [](const char *text) {
-            return Box {QMessageBox::Critical, QStringLiteral("Error"), QLatin1String(text)};
-        };
-        QCOMPARE(reader.boxes(),
-                 (std::vector {error("There is no table named \"TEMPTOPN\"."),
-                               error("Failed to print top 10 report!"),
-                               error("1 : There is no table named \"TEMPTOPN\".")}));
+        const ReportFolder folder;
+        support::writeFile(folder.file(QStringLiteral("page.htm")), "<title>A page</title>");
+        browser::BrowserPane pane;
+        QSignalSpy complete(&pane, &browser::BrowserPane::documentComplete);
+        pane.navigate(folder.file(QStringLiteral("page.htm")));
+        pane.show();
+        QVERIFY(complete.wait(pageTimeout));
+        auto *page = pane.findChild<QWebEngineView *>()->page();
+        QCOMPARE(page->title(), QStringLiteral("A page"));
+        pane.navigate(folder.file(QStringLiteral("none.htm")));
+        QVERIFY(complete.wait(pageTimeout));
+        QCOMPARE(page->title(), QStringLiteral("This page is missing"));
     }
 
     void page_showsTheReport()
     {
-        const Folder folder(sampleRows());
+        const ReportFolder folder(sampleRows());
         reports::FillTempTopN(QStringLiteral("10"));
         Report report;
         QCOMPARE(report.window.windowTitle(), QStringLiteral("Top 10 Tovarin Names Report"));
@@ -287,7 +166,7 @@ private Q_SLOTS:
 
     void window_isLoadedAnewOnlyWhenItWasClosed()
     {
-        const Folder folder(sampleRows());
+        const ReportFolder folder(sampleRows());
         Report report(PrintReportType::Initial);
         QCOMPARE(report.window.windowTitle(),
                  QStringLiteral("Tovarin Full Name and Initial Report"));
@@ -304,7 +183,7 @@ private Q_SLOTS:
 
     void lostPage_comesBack()
     {
-        const Folder folder(sampleRows());
+        const ReportFolder folder(sampleRows());
         Report report(PrintReportType::Initial);
         QSignalSpy lost(&report.pane(), &browser::BrowserPane::documentLost);
         QVERIFY(kill(pid_t(report.view()->page()->renderProcessPid()), SIGKILL) == 0);
@@ -323,7 +202,7 @@ private Q_SLOTS:
     void printing_writesAPdf()
     {
         QFETCH(int, rows);
-        const Folder folder;
+        const ReportFolder folder;
         for (int i = 1; i <= rows; ++i)
             basDatabase::ExecuteSQL(
                 fullName(QStringLiteral("'Name%1','','O''Neil','','NO'").arg(i)));
@@ -347,7 +226,7 @@ private Q_SLOTS:
 
     void printing_oneJobAtATime_tellsHowItEnded()
     {
-        const Folder folder(sampleRows());
+        const ReportFolder folder(sampleRows());
         Report report;
         report.window.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&report.window));
@@ -403,7 +282,7 @@ private Q_SLOTS:
                         "<a href=\"javascript:document.title=3\">j</a>"
                         "<form action=\"URLform\"><input type=submit></form><img name=body>"))
                 .replace(QStringLiteral("URL"), to);
-        const Folder folder({fullName(u"'Ann','" % planted % u"','','',''")});
+        const ReportFolder folder({fullName(u"'Ann','" % planted % u"','','',''")});
         Report report(PrintReportType::Initial);
         const QString title = report.window.windowTitle();
         QCOMPARE(report.run("document.querySelectorAll('iframe').length").toInt(), 3);

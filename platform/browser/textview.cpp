@@ -1,0 +1,211 @@
+// SPDX-FileCopyrightText: 2026 The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/browser/textview.h"
+
+#include "platform/browser/browserpane.h"
+#include "platform/browser/pagefolder.h"
+#include "platform/browser/pdffile.h"
+
+#include <QBuffer>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QPdfWriter>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QScopedValueRollback>
+#include <QStandardPaths>
+#include <QTextBrowser>
+#include <QTextFrame>
+#include <QVBoxLayout>
+
+#include <memory>
+
+namespace browser {
+
+/// A text that loads nothing but files of the page folder.
+class PageText final : public QTextBrowser
+{
+public:
+    using QTextBrowser::QTextBrowser;
+
+    QVariant loadResource(int type, const QUrl &name) override
+    {
+        const QUrl folder = QUrl::fromLocalFile(pageFolder() % u'/');
+        const QUrl url = folder.resolved(name);
+        if (!isAllowed(url))
+            return {};
+        QFile file(url.toLocalFile());
+        if (!file.open(QIODevice::ReadOnly))
+            return {};
+        const QByteArray content = file.readAll();
+        return type == QTextDocument::StyleSheetResource ? QVariant(QString::fromUtf8(content))
+                                                         : QVariant(content);
+    }
+};
+
+namespace {
+
+using Outcome = PrintResult::Outcome;
+
+/// How the texts look, in the colours of the pages.
+constexpr char colours[] = R"(
+    h1, h2, h3, caption, a { color: #1f5f6b; }
+    th { text-align: left; }
+    th, td { padding: 3px 9px; }
+    thead th { background-color: #f7f1e5; }
+    caption { font-weight: bold; }
+)";
+
+/// Without what a browser would draw or run: of that, the text would only show the inside. Lists
+/// that lead into the page, which it can't set in a line, become lines.
+QString readableHtml(QString html)
+{
+    constexpr QStringView jumpList = u"<ul class=\"jump\">";
+    constexpr QStringView listEnd = u"</ul>";
+    static const QRegularExpression items(QStringLiteral("<li>|</li>\\s*"));
+    if (const qsizetype start = html.indexOf(jumpList); start >= 0) {
+        const qsizetype links = start + jumpList.size();
+        const qsizetype end = html.indexOf(listEnd, links);
+        const QString line = html.mid(links, end - links)
+                                 .replace(items, QStringLiteral(" "))
+                                 .replace(QStringLiteral("</a>"), QStringLiteral("</a>&nbsp; "));
+        html.replace(start, end + listEnd.size() - start, u"<p>" % line % u"</p>");
+    }
+    static const QRegularExpression drawings(QStringLiteral("<(svg|script)\\b.*?</\\1\\s*>"),
+                                             QRegularExpression::CaseInsensitiveOption
+                                                 | QRegularExpression::DotMatchesEverythingOption);
+    return html.remove(drawings);
+}
+
+/// The document as it goes on paper: black on white, whatever it is on the screen.
+std::unique_ptr<QTextDocument> paperDocument(const QTextDocument &shown)
+{
+    std::unique_ptr<QTextDocument> document(shown.clone());
+    QTextCursor cursor(document.get());
+    cursor.select(QTextCursor::Document);
+    QTextCharFormat format;
+    format.setForeground(Qt::black);
+    cursor.mergeCharFormat(format);
+    QTextFrameFormat frame = document->rootFrame()->frameFormat();
+    frame.clearBackground();
+    document->rootFrame()->setFrameFormat(frame);
+    return document;
+}
+
+} // namespace
+
+TextView::TextView(QWidget *parent) : PaneView(parent), m_text(new PageText(this))
+{
+    m_text->setObjectName(QStringLiteral("txtPage"));
+    m_text->setOpenLinks(false);
+    m_text->setContextMenuPolicy(Qt::NoContextMenu);
+    m_text->setFrameShape(QFrame::NoFrame);
+    QFont font = m_text->font();
+    font.setPixelSize(fontSize());
+    m_text->document()->setDefaultFont(font);
+    m_text->document()->setDefaultStyleSheet(QString::fromLatin1(colours));
+    m_text->document()->setDocumentMargin(fontSize());
+    connect(m_text, &QTextBrowser::anchorClicked, this, &TextView::followLink);
+    auto *button = new QPushButton(QStringLiteral("Print"), this);
+    button->setObjectName(QStringLiteral("cmdPrintPage"));
+    button->setAutoDefault(false);
+    connect(button, &QPushButton::clicked, this, &PaneView::printRequested);
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins({});
+    column->addWidget(m_text);
+    column->addWidget(button, 0, Qt::AlignRight);
+    setFocusProxy(m_text);
+}
+
+void TextView::showFile(const QString &path)
+{
+    m_isBlank = false;
+    QFile file(path);
+    const bool isReadable = file.open(QIODevice::ReadOnly);
+    showHtml(isReadable ? QString::fromUtf8(file.readAll()) : notFoundHtml(path));
+}
+
+void TextView::showBlank(const BlankDocument &document)
+{
+    m_isBlank = true;
+    m_head = blankHead(document);
+    showHtml(ownHtml(m_head));
+}
+
+void TextView::setInnerHtml(const QString &html)
+{
+    m_text->setHtml(readableHtml(ownHtml(m_head, html)));
+}
+
+void TextView::showHtml(const QString &html)
+{
+    m_text->setAccessibleName(accessibleName());
+    m_text->setHtml(readableHtml(html));
+    // Whoever asked for it is not ready to fill it yet.
+    QMetaObject::invokeMethod(this, &PaneView::documentComplete, Qt::QueuedConnection);
+}
+
+void TextView::followLink(const QUrl &url)
+{
+    if (m_isBlank)
+        return;
+    const QUrl target = QUrl::fromLocalFile(pageFolder() % u'/').resolved(url);
+    if (url.isRelative() && url.path().isEmpty())
+        m_text->scrollToAnchor(url.fragment());
+    else if (isAllowed(target))
+        showFile(target.toLocalFile());
+}
+
+void TextView::print(const QString &documentName)
+{
+    if (m_isPrinting)
+        return;
+    PrintResult result;
+    {
+        const QScopedValueRollback printing(m_isPrinting, true);
+        result = QPrinterInfo::availablePrinterNames().isEmpty() ? printToFile(documentName)
+                                                                 : printOnPaper(documentName);
+    }
+    Q_EMIT printFinished(result);
+}
+
+PrintResult TextView::printOnPaper(const QString &documentName)
+{
+    QPrinter printer;
+    printer.setDocName(documentName);
+    QPrintDialog dialog(&printer, this);
+    if (dialog.exec() != QDialog::Accepted)
+        return {.outcome = Outcome::Cancelled};
+    Q_EMIT printStarted();
+    paperDocument(*m_text->document())->print(&printer);
+    return {.outcome =
+                printer.printerState() == QPrinter::Error ? Outcome::Failed : Outcome::Printed};
+}
+
+PrintResult TextView::printToFile(const QString &documentName)
+{
+    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    QFileDialog dialog(this, QStringLiteral("No printer is set up: save as a PDF file"),
+                       folder.path(), QStringLiteral("PDF files (*.pdf)"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("pdf"));
+    dialog.selectFile(documentName % u".pdf");
+    if (dialog.exec() != QDialog::Accepted)
+        return {.outcome = Outcome::Cancelled};
+    Q_EMIT printStarted();
+    QBuffer pdf;
+    pdf.open(QIODevice::WriteOnly);
+    {
+        QPdfWriter writer(&pdf);
+        writer.setTitle(documentName);
+        paperDocument(*m_text->document())->print(&writer);
+    }
+    return savePdf(dialog.selectedFiles().constFirst(), pdf.data());
+}
+
+} // namespace browser

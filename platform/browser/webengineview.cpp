@@ -1,0 +1,142 @@
+// SPDX-FileCopyrightText: 2026 The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/browser/webengineview.h"
+
+#include "platform/browser/browserpane.h"
+#include "platform/browser/page.h"
+#include "platform/browser/printjob.h"
+
+#include <QAccessible>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QVBoxLayout>
+#include <QWebEngineProfile>
+#include <QWebEngineView>
+
+#include <unistd.h>
+
+namespace browser {
+
+void prepareProcess()
+{
+    // The browser's sandbox can't work for the superuser, and for nobody else is it given up.
+    if (geteuid() == 0)
+        qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+    // Without this, pages stay silent in a screen reader.
+    qputenv("QTWEBENGINE_ENABLE_LINUX_ACCESSIBILITY", "1");
+}
+
+PaneView *makePaneView(QWidget *parent)
+{
+    return new WebEngineView(parent);
+}
+
+WebEngineView::WebEngineView(QWidget *parent)
+    : PaneView(parent), m_profile(sharedProfile()), m_view(new QWebEngineView(this)),
+      m_page(new Page(m_profile.get(), m_view))
+{
+    m_page->setBackgroundColor(palette().color(QPalette::Base));
+    m_view->setPage(m_page);
+    m_view->setContextMenuPolicy(Qt::NoContextMenu);
+    m_view->setAcceptDrops(false);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->addWidget(m_view);
+    setFocusProxy(m_view);
+    m_printJob = new PrintJob(m_view);
+    connect(m_page, &QWebEnginePage::loadFinished, this, [this] {
+        // The part of the view that has the focus; the browser may have made a new one.
+        if (QWidget *inner = m_view->focusProxy())
+            inner->installEventFilter(this);
+        tellFocus(true);
+        Q_EMIT documentComplete();
+    });
+    // When the browser has dealt with its loss itself.
+    connect(m_page, &QWebEnginePage::renderProcessTerminated, this, &PaneView::documentLost,
+            Qt::QueuedConnection);
+    // The one address that the engine opens without asking.
+    connect(m_page, &QWebEnginePage::urlChanged, this, [this](const QUrl &url) {
+        if (m_isBlank && url == QUrl(QStringLiteral("about:blank")))
+            Q_EMIT documentLost();
+    });
+    connect(m_page, &QWebEnginePage::printRequested, this, &PaneView::printRequested);
+    connect(m_printJob, &PrintJob::started, this, &PaneView::printStarted);
+    connect(m_printJob, &PrintJob::finished, this, &PaneView::printFinished);
+}
+
+WebEngineView::~WebEngineView()
+{
+    // The page has to go before the profile that it belongs to.
+    delete m_view;
+}
+
+void WebEngineView::showFile(const QString &path)
+{
+    m_isBlank = false;
+    m_view->setAccessibleName(accessibleName());
+    m_page->showFile(path);
+}
+
+void WebEngineView::showBlank(const BlankDocument &document)
+{
+    m_isBlank = true;
+    m_view->setAccessibleName(accessibleName());
+    m_page->showBlank(document);
+}
+
+void WebEngineView::setInnerHtml(const QString &html)
+{
+    // A script that comes with inner HTML is dead; a copy of it lives. What the HTML holds may
+    // hide the document's own functions behind names of its elements, so they are got before.
+    static const QString script = QStringLiteral(R"(
+        (html => {
+            const body = document.body;
+            const create = document.createElement.bind(document);
+            body.innerHTML = html;
+            for (const dead of body.querySelectorAll('script')) {
+                const living = create('script');
+                living.text = dead.text;
+                dead.replaceWith(living);
+            }
+        })(...%1))");
+    const QByteArray text = QJsonDocument(QJsonArray {html}).toJson(QJsonDocument::Compact);
+    m_page->runJavaScript(script.arg(QString::fromUtf8(text)));
+}
+
+void WebEngineView::print(const QString &documentName)
+{
+    m_printJob->start(documentName);
+}
+
+bool WebEngineView::isPrinting() const
+{
+    return m_printJob->isUnderWay();
+}
+
+bool WebEngineView::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::FocusIn)
+        tellFocus(false);
+    return PaneView::eventFilter(watched, event);
+}
+
+/// Only when Tab leads from control to control into the page does the browser tell a screen reader
+/// where the focus is; else that hears of a part of the view that has no name.
+void WebEngineView::tellFocus(bool isNewDocument)
+{
+    const auto tell = [this, isNewDocument] {
+        QAccessibleInterface *view = QAccessible::queryAccessibleInterface(m_view);
+        QAccessibleInterface *document = view && hasFocus() ? view->child(0) : nullptr;
+        // Else the focus may be on a link in it. A new document has it itself, but may not say so
+        // yet.
+        if (document && (isNewDocument || document->state().focused)) {
+            QAccessibleEvent event(document, QAccessible::Focus);
+            QAccessible::updateAccessibility(&event);
+        }
+    };
+    if (QAccessible::isActive())
+        QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
+}
+
+} // namespace browser

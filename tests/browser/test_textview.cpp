@@ -1,0 +1,172 @@
+// SPDX-FileCopyrightText: 2026 The Tovarin developers
+// SPDX-License-Identifier: MIT
+
+// What is shown where there is no browser, and where pages may lead.
+
+#include "platform/browser/browserpane.h"
+#include "platform/browser/textview.h"
+#include "tests/support/boxes.h"
+#include "tests/support/sampledatabase.h"
+
+#include <QFileDialog>
+#include <QPrinterInfo>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTextBlock>
+#include <QTextBrowser>
+#include <QTimer>
+
+using browser::PrintResult;
+using browser::TextView;
+
+namespace {
+
+class PageFolder
+{
+public:
+    PageFolder()
+    {
+        browser::setPageFolder(m_folder.path());
+        QFile::copy(QStringLiteral(DATA_FOLDER "/pictures/logocust.jpg"), file("logo.jpg"));
+        support::writeFile(file("a.htm"), "<title>A</title><svg><text>drawn</text></svg>"
+                                          "<ul class=\"jump\">\n<li><a href=\"#end\">End</a>"
+                                          "</li>\n</ul><h2 id=\"end\">Zo\xC3\xAB</h2>"
+                                          "<a href=\"b.htm\">next</a>");
+        support::writeFile(file("b.htm"), "second");
+    }
+
+    QString file(const char *name) const { return m_folder.filePath(QLatin1String(name)); }
+    QString path() const { return m_folder.path(); }
+
+private:
+    QTemporaryDir m_folder {QDir::tempPath() % u"/Zo\u00EB's pages XXXXXX"};
+};
+
+QTextBrowser &textOf(const TextView &view)
+{
+    return *view.findChild<QTextBrowser *>();
+}
+
+void follow(const TextView &view, const QString &address)
+{
+    Q_EMIT textOf(view).anchorClicked(QUrl(address));
+}
+
+int picturesIn(const TextView &view)
+{
+    int count = 0;
+    const QTextDocument &document = *textOf(view).document();
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        for (auto part = block.begin(); !part.atEnd(); ++part) {
+            const QTextImageFormat image = part.fragment().charFormat().toImageFormat();
+            if (image.isValid()
+                && document.resource(QTextDocument::ImageResource, QUrl(image.name())).isValid())
+                ++count;
+        }
+    }
+    return count;
+}
+
+} // namespace
+
+class TestTextView : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void addresses_areThoseOfThePageFolder()
+    {
+        const PageFolder folder;
+        const QString inFolder = QUrl::fromLocalFile(folder.path()).toString();
+        const auto allowed = [](const QString &url) { return browser::isAllowed(QUrl(url)); };
+        QVERIFY(allowed(QStringLiteral("about:blank")));
+        QVERIFY(allowed(inFolder % u"/things.htm"));
+        for (const QString &url :
+             {QStringLiteral("http://example.org/"), QStringLiteral("https://example.org/x.png"),
+              QStringLiteral("file:///etc/passwd"), QStringLiteral("about:version"),
+              QStringLiteral("data:text/html,x"), QStringLiteral("javascript:alert(1)"),
+              QString(inFolder % u"/../../etc/passwd"), QString(inFolder % u"/%2e%2e/passwd"),
+              QString(u"file://host" % inFolder.mid(7) % u"/things.htm")})
+            QVERIFY2(!allowed(url), qPrintable(url));
+    }
+
+    void page_isReadableAndLeadsToItsNeighbours()
+    {
+        const PageFolder folder;
+        TextView view(nullptr);
+        QSignalSpy complete(&view, &browser::PaneView::documentComplete);
+        view.showFile(folder.file("a.htm"));
+        QCOMPARE(complete.size(), 0); // the caller is not ready yet
+        QVERIFY(complete.wait());
+        QCOMPARE(textOf(view).toPlainText().simplified(), QStringLiteral("End Zo\u00EB next"));
+        follow(view, QStringLiteral("#end"));
+        for (const char *forbidden : {"http://localhost/", "../b.htm", "file:///etc/passwd"})
+            follow(view, QLatin1String(forbidden));
+        QVERIFY(textOf(view).toPlainText().contains(u"next"));
+        follow(view, QStringLiteral("b.htm"));
+        QCOMPARE(textOf(view).toPlainText(), QStringLiteral("second"));
+        view.showFile(folder.file("none.htm"));
+        QVERIFY(textOf(view).toPlainText().startsWith(u"This page is missing"));
+    }
+
+    void blankDocument_isFilledAndLeadsNowhere()
+    {
+        const PageFolder folder;
+        TextView view(nullptr);
+        view.showBlank({.title = QStringLiteral("Report")});
+        const QString logo = browser::fileAddress(folder.file("logo.jpg"));
+        view.setInnerHtml(u"<script>run()</script><img src='" % logo
+                          % u"'><img src='http://localhost/x.png'><img src='../x.png'>"
+                            u"<table><tr><td>1</td><td>Ann</td></tr></table>");
+        QCOMPARE(textOf(view).toPlainText().remove(QChar::ObjectReplacementCharacter).simplified(),
+                 QStringLiteral("1 Ann"));
+        QCOMPARE(picturesIn(view), 1);
+        follow(view, QStringLiteral("b.htm"));
+        QVERIFY(textOf(view).toPlainText().contains(u"Ann"));
+    }
+
+    /// Without a printer, what the button makes is a file.
+    void printButton_savesAPdf()
+    {
+        if (!QPrinterInfo::availablePrinterNames().isEmpty())
+            QSKIP("a printer is set up");
+        const PageFolder folder;
+        TextView view(nullptr);
+        view.showBlank({.title = QStringLiteral("Report")});
+        view.setInnerHtml(QStringLiteral("<p>Ann</p>").repeated(200));
+        QSignalSpy requested(&view, &browser::PaneView::printRequested);
+        view.findChild<QPushButton *>(QStringLiteral("cmdPrintPage"))->click();
+        QCOMPARE(requested.size(), 1);
+        PrintResult result;
+        connect(&view, &browser::PaneView::printFinished, this,
+                [&result](const PrintResult &told) { result = told; });
+        QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+        const auto printTo = [&](const QString &path) {
+            QTimer::singleShot(0, &view, [&] {
+                auto *dialog = view.findChild<QFileDialog *>();
+                QVERIFY(dialog && view.isPrinting());
+                view.print(QStringLiteral("second")); // one at a time
+                QCOMPARE(view.findChildren<QFileDialog *>().size(), 1);
+                if (path.isEmpty())
+                    dialog->reject();
+                else
+                    dialog->selectFile(path), dialog->QDialog::accept();
+            });
+            view.print(QStringLiteral("Report"));
+        };
+        printTo({});
+        QVERIFY(result.outcome == PrintResult::Outcome::Cancelled);
+        const QString file = folder.file("Report \u00E9.pdf");
+        printTo(file);
+        QVERIFY(result.outcome == PrintResult::Outcome::SavedAsFile);
+        QCOMPARE(QDir::cleanPath(result.file), file);
+        QVERIFY(support::readFile(file).startsWith("%PDF"));
+        printTo(folder.file("none/Report.pdf"));
+        QVERIFY(result.outcome == PrintResult::Outcome::Failed && !result.reason.isEmpty());
+    }
+};
+
+QTEST_MAIN(TestTextView)
+#include "test_textview.moc"
