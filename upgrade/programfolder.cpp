@@ -233,7 +233,7 @@ private:
 
 QString executableName()
 {
-    return QStringLiteral("tovarin");
+    return QStringLiteral(EXECUTABLE_NAME);
 }
 
 Placement place(const QString &shippedFolder, const QString &programFolder)
