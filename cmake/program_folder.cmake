@@ -7,13 +7,25 @@
 set(program_folder ${PROJECT_BINARY_DIR}/Tovarin)
 set(shipped_folder ${PROJECT_BINARY_DIR}/shipped)
 
-file(GLOB dictionary_files CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/data/dictionary/*.tsv)
 set(database_files ${shipped_folder}/Tovarin.mdb ${shipped_folder}/tovarin.dll)
+if(CMAKE_CROSSCOMPILING)
+    # A database is the same on every system: the one that this machine has built is taken.
+    set(TOVARIN_DATABASE_FOLDER "" CACHE PATH "Where Tovarin.mdb and tovarin.dll have been built")
+    set(database_sources
+        ${TOVARIN_DATABASE_FOLDER}/Tovarin.mdb ${TOVARIN_DATABASE_FOLDER}/tovarin.dll)
+    set(build_database ${CMAKE_COMMAND} -E copy ${database_sources} ${shipped_folder})
+    set(place_files ${CMAKE_COMMAND} -E true) # the program does it when it starts
+else()
+    file(GLOB dictionary_files CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/data/dictionary/*.tsv)
+    set(database_sources mkdb ${dictionary_files} ${PROJECT_SOURCE_DIR}/data/settings.tsv
+        ${PROJECT_SOURCE_DIR}/data/password.txt)
+    set(build_database mkdb build ${PROJECT_SOURCE_DIR}/data ${shipped_folder})
+    set(place_files mkdb place ${shipped_folder} ${program_folder})
+endif()
 add_custom_command(
     OUTPUT ${database_files}
-    COMMAND mkdb build ${PROJECT_SOURCE_DIR}/data ${shipped_folder}
-    DEPENDS mkdb ${dictionary_files} ${PROJECT_SOURCE_DIR}/data/settings.tsv
-        ${PROJECT_SOURCE_DIR}/data/password.txt
+    COMMAND ${build_database}
+    DEPENDS ${database_sources}
     COMMENT "Building the names database")
 
 file(GLOB page_files CONFIGURE_DEPENDS
@@ -30,7 +42,7 @@ set(placed_stamp ${PROJECT_BINARY_DIR}/program_folder.stamp)
 add_custom_command(
     OUTPUT ${placed_stamp}
     COMMAND ${CMAKE_COMMAND} -E copy_if_different ${page_files} ${shipped_folder}
-    COMMAND mkdb place ${shipped_folder} ${program_folder}
+    COMMAND ${place_files}
     COMMAND ${CMAKE_COMMAND} -E touch ${placed_stamp}
     DEPENDS tovarin ${page_files} ${database_files}
     COMMENT "Putting the program's folder together")

@@ -27,7 +27,11 @@ string(REPLACE "-DNDEBUG" "" CMAKE_CXX_FLAGS_RELEASE "${CMAKE_CXX_FLAGS_RELEASE}
 if(CMAKE_BUILD_TYPE STREQUAL Release)
     target_compile_options(tovarin_warnings INTERFACE -fstack-protector-strong)
     target_compile_definitions(tovarin_warnings INTERFACE _FORTIFY_SOURCE=2)
-    target_link_options(tovarin_warnings INTERFACE -Wl,-z,relro,-z,now)
+    if(WIN32)
+        target_link_libraries(tovarin_warnings INTERFACE ssp)
+    else()
+        target_link_options(tovarin_warnings INTERFACE -Wl,-z,relro,-z,now)
+    endif()
 endif()
 
 if(TOVARIN_SANITIZE)

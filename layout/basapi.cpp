@@ -4,16 +4,13 @@
 #include "layout/basapi.h"
 
 #include "layout/twips.h"
-
-#include <QGuiApplication>
-#include <QScreen>
+#include "platform/screen/screenmode.h"
 
 namespace basAPI {
 
 void GetScreenResolution(std::int16_t &outWidth, std::int16_t &outHeight)
 {
-    const QScreen *screen = QGuiApplication::primaryScreen();
-    const QSize size = (screen ? screen->size() : QSize()) / layout::textScale();
+    const QSize size = screen::currentMode() / layout::textScale();
     outWidth = static_cast<std::int16_t>(size.width());
     outHeight = static_cast<std::int16_t>(size.height());
 }

@@ -3,11 +3,10 @@
 
 #include "tests/app/builtprogram.h"
 
+#include "tests/support/brokendisks.h"
 #include "upgrade/programfolder.h"
 
 #include <QFile>
-
-#include <unistd.h>
 
 ProgramFolder::ProgramFolder(const QString &path) : m_path(path.isEmpty() ? m_folder.path() : path)
 {
@@ -63,12 +62,13 @@ void startProgram(QProcess &program, const ProgramFolder &folder, const QString 
 {
     program.setProcessEnvironment(pilotEnvironment(script));
     program.setReadChannel(QProcess::StandardError);
+    const QString executable = folder.path() % u'/' % upgrade::executableName();
     // It is still the superuser, but without the rights that go beyond those of a file's owner.
-    if (start == Start::AsOrdinaryUser && geteuid() == 0)
+    if (start == Start::AsOrdinaryUser && support::isSuperuser())
         program.start(QStringLiteral("setpriv"),
-                      {QStringLiteral("--bounding-set=-all"), folder.file("tovarin")});
+                      {QStringLiteral("--bounding-set=-all"), executable});
     else
-        program.start(folder.file("tovarin"), {});
+        program.start(executable, {});
 }
 
 Run finish(QProcess &program)

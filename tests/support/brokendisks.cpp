@@ -29,6 +29,11 @@ void limitFileSize(bool limited)
 
 } // namespace
 
+bool isSuperuser()
+{
+    return geteuid() == 0;
+}
+
 void setWritable(const QString &folder, bool writable)
 {
     const QFile::Permissions read = QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther;
@@ -40,7 +45,7 @@ void setWritable(const QString &folder, bool writable)
     QFile::setPermissions(folder, read | enter | write);
 }
 
-ReadOnlyFolder::ReadOnlyFolder(const QString &path) : m_path(path), m_wasSuperuser(geteuid() == 0)
+ReadOnlyFolder::ReadOnlyFolder(const QString &path) : m_path(path), m_wasSuperuser(isSuperuser())
 {
     setWritable(path, false);
     if (m_wasSuperuser && seteuid(ordinaryUser) != 0)
@@ -52,6 +57,11 @@ ReadOnlyFolder::~ReadOnlyFolder()
     if (m_wasSuperuser && seteuid(0) != 0)
         std::abort();
     setWritable(m_path, true);
+}
+
+bool FullDisk::isPossible()
+{
+    return true;
 }
 
 FullDisk::FullDisk()
