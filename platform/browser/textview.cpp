@@ -17,7 +17,6 @@
 #include <QPrinterInfo>
 #include <QPushButton>
 #include <QRegularExpression>
-#include <QScopedValueRollback>
 #include <QStandardPaths>
 #include <QTextBrowser>
 #include <QTextFrame>
@@ -122,6 +121,8 @@ TextView::TextView(QWidget *parent) : PaneView(parent), m_text(new PageText(this
     setFocusProxy(m_text);
 }
 
+TextView::~TextView() = default;
+
 void TextView::showFile(const QString &path)
 {
     m_isBlank = false;
@@ -165,47 +166,58 @@ void TextView::print(const QString &documentName)
 {
     if (m_isPrinting)
         return;
-    PrintResult result;
-    {
-        const QScopedValueRollback printing(m_isPrinting, true);
-        result = QPrinterInfo::availablePrinterNames().isEmpty() ? printToFile(documentName)
-                                                                 : printOnPaper(documentName);
-    }
-    Q_EMIT printFinished(result);
+    m_isPrinting = true;
+    if (QPrinterInfo::availablePrinterNames().isEmpty())
+        askForFile(documentName);
+    else
+        askForPrinter(documentName);
 }
 
-PrintResult TextView::printOnPaper(const QString &documentName)
+void TextView::ask(QDialog *dialog, const std::function<PrintResult()> &print)
 {
-    QPrinter printer;
-    printer.setDocName(documentName);
-    QPrintDialog dialog(&printer, this);
-    if (dialog.exec() != QDialog::Accepted)
-        return {.outcome = Outcome::Cancelled};
-    Q_EMIT printStarted();
-    paperDocument(*m_text->document())->print(&printer);
-    return {.outcome =
-                printer.printerState() == QPrinter::Error ? Outcome::Failed : Outcome::Printed};
+    m_dialog.reset(dialog);
+    connect(dialog, &QDialog::finished, this, [this, print](int answer) {
+        PrintResult result {.outcome = Outcome::Cancelled};
+        if (answer == QDialog::Accepted) {
+            Q_EMIT printStarted();
+            result = print();
+        }
+        m_isPrinting = false;
+        Q_EMIT printFinished(result);
+    });
+    dialog->open();
 }
 
-PrintResult TextView::printToFile(const QString &documentName)
+void TextView::askForPrinter(const QString &documentName)
 {
-    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    QFileDialog dialog(this, QStringLiteral("No printer is set up: save as a PDF file"),
-                       folder.path(), QStringLiteral("PDF files (*.pdf)"));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(QStringLiteral("pdf"));
-    dialog.selectFile(documentName % u".pdf");
-    if (dialog.exec() != QDialog::Accepted)
-        return {.outcome = Outcome::Cancelled};
-    Q_EMIT printStarted();
-    QBuffer pdf;
-    pdf.open(QIODevice::WriteOnly);
-    {
-        QPdfWriter writer(&pdf);
-        writer.setTitle(documentName);
-        paperDocument(*m_text->document())->print(&writer);
-    }
-    return savePdf(dialog.selectedFiles().constFirst(), pdf.data());
+    const auto printer = std::make_shared<QPrinter>();
+    printer->setDocName(documentName);
+    ask(new QPrintDialog(printer.get(), this), [this, printer] {
+        paperDocument(*m_text->document())->print(printer.get());
+        const bool hasFailed = printer->printerState() == QPrinter::Error;
+        return PrintResult {.outcome = hasFailed ? Outcome::Failed : Outcome::Printed};
+    });
+}
+
+void TextView::askForFile(const QString &documentName)
+{
+    auto *dialog =
+        new QFileDialog(this, QStringLiteral("No printer is set up: save as a PDF file"),
+                        QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation),
+                        QStringLiteral("PDF files (*.pdf)"));
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setDefaultSuffix(QStringLiteral("pdf"));
+    dialog->selectFile(documentName % u".pdf");
+    ask(dialog, [this, dialog, documentName] {
+        QBuffer pdf;
+        pdf.open(QIODevice::WriteOnly);
+        {
+            QPdfWriter writer(&pdf);
+            writer.setTitle(documentName);
+            paperDocument(*m_text->document())->print(&writer);
+        }
+        return savePdf(dialog->selectedFiles().constFirst(), pdf.data());
+    });
 }
 
 } // namespace browser

@@ -5,6 +5,10 @@
 
 #include "platform/browser/paneview.h"
 
+#include <functional>
+#include <memory>
+
+class QDialog;
 class QUrl;
 
 namespace browser {
@@ -18,6 +22,7 @@ class TextView final : public PaneView
 {
 public:
     explicit TextView(QWidget *parent);
+    ~TextView() override;
 
     void showFile(const QString &path) override;
     void showBlank(const BlankDocument &document) override;
@@ -29,13 +34,15 @@ public:
 private:
     void showHtml(const QString &html);
     void followLink(const QUrl &url);
-    PrintResult printOnPaper(const QString &documentName);
-    PrintResult printToFile(const QString &documentName);
+    void askForPrinter(const QString &documentName);
+    void askForFile(const QString &documentName);
+    void ask(QDialog *dialog, const std::function<PrintResult()> &print);
 
     PageText *m_text;
     QString m_head; ///< of the document that is to be filled
     bool m_isBlank = false;
     bool m_isPrinting = false;
+    std::unique_ptr<QDialog> m_dialog; ///< kept until the next: it is still in use when it answers
 };
 
 } // namespace browser

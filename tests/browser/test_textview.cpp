@@ -16,7 +16,6 @@
 #include <QTest>
 #include <QTextBlock>
 #include <QTextBrowser>
-#include <QTimer>
 
 using browser::PrintResult;
 using browser::TextView;
@@ -144,17 +143,14 @@ private Q_SLOTS:
                 [&result](const PrintResult &told) { result = told; });
         QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
         const auto printTo = [&](const QString &path) {
-            QTimer::singleShot(0, &view, [&] {
-                auto *dialog = view.findChild<QFileDialog *>();
-                QVERIFY(dialog && view.isPrinting());
-                view.print(QStringLiteral("second")); // one at a time
-                QCOMPARE(view.findChildren<QFileDialog *>().size(), 1);
-                if (path.isEmpty())
-                    dialog->reject();
-                else
-                    dialog->selectFile(path), dialog->QDialog::accept();
-            });
             view.print(QStringLiteral("Report"));
+            auto *dialog = view.findChild<QFileDialog *>();
+            QVERIFY(dialog && dialog->isVisible() && view.isPrinting());
+            view.print(QStringLiteral("second")); // one at a time
+            QCOMPARE(view.findChildren<QFileDialog *>().size(), 1);
+            dialog->selectFile(path);
+            static_cast<QDialog *>(dialog)->done(path.isEmpty() ? QDialog::Rejected
+                                                                : QDialog::Accepted);
         };
         printTo({});
         QVERIFY(result.outcome == PrintResult::Outcome::Cancelled);

@@ -79,7 +79,9 @@ private Q_SLOTS:
                                                      {key, "abc", failed},
                                                      {database, missing, failed},
                                                      {database, QByteArray(4096, 'x'), failed}}) {
+            cleanup();
             init();
+            cleanup();
             QVERIFY(QFile::remove(m_sample->file(file)));
             if (!content.isNull())
                 support::writeFile(m_sample->file(file), content);

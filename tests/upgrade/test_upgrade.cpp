@@ -180,13 +180,13 @@ private Q_SLOTS:
     void emptyFolder_getsEverythingThatShips()
     {
         const auto shipped = newerFolder();
-        support::writeFile(shipped.file(QStringLiteral("tovarin")), "a program");
+        support::writeFile(shipped.file(upgrade::executableName()), "a program");
         support::writeFile(shipped.file(QStringLiteral("help.htm")), "a page");
         const QTemporaryDir folder;
         const QString program = folder.filePath(QStringLiteral("its/own"));
         QVERIFY(upgrade::place(shipped.folder(), program).outcome == Outcome::New);
         QCOMPARE(filesOf(program), filesOf(shipped.folder()));
-        QVERIFY(QFileInfo(program % u"/tovarin").isExecutable());
+        QVERIFY(QFileInfo(program % u'/' % upgrade::executableName()).isExecutable());
         QVERIFY(!QFileInfo(program % u"/help.htm").isExecutable());
 
         // A page that was spoilt, a half-written file of a start that was killed, a lost key file.
