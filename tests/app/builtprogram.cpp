@@ -48,7 +48,9 @@ QProcessEnvironment pilotEnvironment(const QString &script)
 QStringList linesOfPilot(const QByteArray &said)
 {
     QStringList lines;
-    for (const QString &line : QString::fromUtf8(said).split(u'\n')) {
+    for (QString line : QString::fromUtf8(said).split(u'\n')) {
+        if (line.endsWith(u'\r'))
+            line.chop(1);
         for (const QStringView kind : {u"box: ", u"lbl", u"frm", u"ms", u"tick: ", u"rows: "}) {
             if (line.startsWith(kind))
                 lines.append(line);

@@ -6,6 +6,7 @@
 #include "db/basdatabase.h"
 #include "db/bastovarin.h"
 #include "tests/app/builtprogram.h"
+#include "upgrade/programfolder.h"
 
 #include <QDir>
 #include <QFile>
@@ -13,35 +14,47 @@
 
 namespace {
 
-/// An archive of the program as it was unpacked somewhere.
+/// An archive of the program as it was unpacked somewhere: what ships lies beside what is started,
+/// which is a launcher or the program itself.
 class UnpackedArchive
 {
 public:
-    UnpackedArchive()
+    explicit UnpackedArchive(bool hasLauncher) : m_hasLauncher(hasLauncher)
     {
         const QDir shipped(QStringLiteral(SHIPPED_FOLDER));
         QDir().mkdir(file("shipped"));
-        for (const QString &name : shipped.entryList(QDir::Files))
-            QFile::copy(shipped.filePath(name), file("shipped/") % name);
-        QFile::copy(QStringLiteral(LAUNCHER), file("tovarin"));
+        for (const QString &name : shipped.entryList(QDir::Files)) {
+            const bool isStarted = !hasLauncher && name == upgrade::executableName();
+            QFile::copy(shipped.filePath(name), isStarted ? executable() : file("shipped/") % name);
+        }
+        if (hasLauncher)
+            QFile::copy(QStringLiteral(LAUNCHER), executable());
     }
 
     QString file(const char *name) const { return m_folder.filePath(QLatin1String(name)); }
+    QString programFolder() const { return m_hasLauncher ? file("program") : m_folder.path(); }
 
-    /// Starts it, and waits until the program that it starts has ended.
+    /// Starts it, and waits until the program has ended.
     QStringList start(const QString &script) const
     {
-        // The program goes on when the launcher has ended; the pipe is open as long as one of them.
         QProcess pipe;
+        pipe.setProcessChannelMode(QProcess::MergedChannels);
         pipe.setProcessEnvironment(pilotEnvironment(script));
-        pipe.start(QStringLiteral("sh"),
-                   {QStringLiteral("-c"), QStringLiteral("\"$0\" 2>&1 | cat"), file("tovarin")});
+        // The program goes on when the launcher has ended; the pipe is open as long as one of them.
+        if (m_hasLauncher)
+            pipe.start(QStringLiteral("sh"),
+                       {QStringLiteral("-c"), QStringLiteral("\"$0\" 2>&1 | cat"), executable()});
+        else
+            pipe.start(executable(), {});
         pipe.waitForFinished(programTimeout);
         return linesOfPilot(pipe.readAllStandardOutput());
     }
 
 private:
-    QTemporaryDir m_folder;
+    QString executable() const { return m_folder.filePath(upgrade::executableName()); }
+
+    bool m_hasLauncher;
+    QTemporaryDir m_folder {QDir::tempPath() % u"/Zo\u00EB's names XXXXXX"};
 };
 
 } // namespace
@@ -82,15 +95,28 @@ private Q_SLOTS:
         QVERIFY(run.said.isEmpty());
     }
 
-    void launcher_putsTheFolderTogetherAndStartsTheProgram()
+    void archive_putsItsFolderTogetherAndStarts_data()
     {
-        const UnpackedArchive archive;
+        QTest::addColumn<bool>("hasLauncher");
+#ifndef Q_OS_WIN
+        QTest::addRow("with a launcher") << true;
+#endif
+        QTest::addRow("with the program itself") << false;
+    }
+
+    void archive_putsItsFolderTogetherAndStarts()
+    {
+        QFETCH(bool, hasLauncher);
+        const UnpackedArchive archive(hasLauncher);
+        const auto inProgramFolder = [&](const char *name) {
+            return QString(archive.programFolder() % u'/' % QLatin1String(name));
+        };
         const QString leave = QStringLiteral("print frmSplash;click cmdExit");
         const QString splash = QStringLiteral("frmSplash: Tovarin Names Dictionary 0.1.0");
         QCOMPARE(archive.start(leave), QStringList(splash));
 
         // A newer edition comes.
-        basTovarin::SetProgramFolder(archive.file("program"));
+        basTovarin::SetProgramFolder(archive.programFolder());
         basDatabase::OpenDatabase();
         basDatabase::ExecuteSQL(QStringLiteral("update tblmaster set name_select = 'Y' where "
                                                "name_desc = 'Anna'"));
@@ -101,10 +127,10 @@ private Q_SLOTS:
         QCOMPARE(said.size(), 2);
         QVERIFY(said[0].startsWith(u"box: [Tovarin] Tovarin has a new dictionary. Your ticks, "));
         QCOMPARE(said[1], splash);
-        QVERIFY(QFile::exists(archive.file("program/Tovarin-backup-1.mdb")));
+        QVERIFY(QFile::exists(inProgramFolder("Tovarin-backup-1.mdb")));
 
         // The user wants to keep a file that can't be read, and then to start afresh.
-        QFile broken(archive.file("program/Tovarin.mdb"));
+        QFile broken(inProgramFolder("Tovarin.mdb"));
         QVERIFY(broken.open(QIODevice::WriteOnly) && broken.write("nonsense") > 0);
         broken.close();
         const QString question = QStringLiteral("box: [Tovarin] The file with your names can't be "
@@ -112,7 +138,7 @@ private Q_SLOTS:
         QCOMPARE(archive.start(u"answer no;" % leave), QStringList(question));
         QCOMPARE(broken.size(), 8);
         QCOMPARE(archive.start(u"answer yes;" % leave), QStringList({question, splash}));
-        QCOMPARE(QFileInfo(archive.file("program/Tovarin-put-aside-1.mdb")).size(), 8);
+        QCOMPARE(QFileInfo(inProgramFolder("Tovarin-put-aside-1.mdb")).size(), 8);
     }
 };
 

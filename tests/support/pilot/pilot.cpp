@@ -26,7 +26,7 @@ constexpr QStringView optional = u"maybe ";
 
 void say(const QString &text)
 {
-    std::fputs(qPrintable(QString(text % u'\n')), stderr);
+    std::fputs(QString(text % u'\n').toUtf8().constData(), stderr);
     std::fflush(stderr);
 }
 
