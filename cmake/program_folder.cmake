@@ -10,9 +10,9 @@ set(shipped_folder ${PROJECT_BINARY_DIR}/shipped)
 set(database_files ${shipped_folder}/Tovarin.mdb ${shipped_folder}/tovarin.dll)
 if(CMAKE_CROSSCOMPILING)
     # A database is the same on every system: the one that this machine has built is taken.
-    set(TOVARIN_DATABASE_FOLDER "" CACHE PATH "Where Tovarin.mdb and tovarin.dll have been built")
+    set(TOVARIN_HOST_BUILD "" CACHE PATH "The build for this machine")
     set(database_sources
-        ${TOVARIN_DATABASE_FOLDER}/Tovarin.mdb ${TOVARIN_DATABASE_FOLDER}/tovarin.dll)
+        ${TOVARIN_HOST_BUILD}/shipped/Tovarin.mdb ${TOVARIN_HOST_BUILD}/shipped/tovarin.dll)
     set(build_database ${CMAKE_COMMAND} -E copy ${database_sources} ${shipped_folder})
     set(place_files ${CMAKE_COMMAND} -E true) # the program does it when it starts
 else()

@@ -14,6 +14,11 @@ lint_packages=(clang-format clang-tidy shellcheck tidy pyflakes3)
 # What ./package takes besides.
 package_packages=(dpkg-dev file fakeroot patchelf desktop-file-utils appstream man-db lintian)
 
+# What ./windows takes besides: the compiler, Wine and its screen, what the libraries are built
+# with, and what makes the packages.
+windows_packages=(g++-mingw-w64-x86-64-posix mingw-w64-tools wine wine64 libwine fonts-wine
+    xvfb openbox xdotool dpkg-dev qt6-base-dev-tools tcl nsis)
+
 install_packages() {
     local missing=() package
     for package in "$@"; do

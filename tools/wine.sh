@@ -14,6 +14,8 @@ compiler_library_folders() {
 wine_setup() {
     local libraries=$2 folder
     export WINEPREFIX=$1 WINEARCH=win64 WINEDEBUG=-all
+    # Else the letters of paths and arguments would be lost.
+    export LC_ALL=C.UTF-8
     # Neither of the two that Wine would like to download: the page engine, and .NET.
     export WINEDLLOVERRIDES="mscoree,mshtml="
     WINEPATH=$(winepath_of "$libraries/bin")
@@ -43,6 +45,7 @@ wine_setup() {
 
 # What Wine runs in the background would else hold on to the output of whoever needs it first.
 wine_start() {
+    wine_end # it may know of another screen
     wineserver -p
     wine cmd /c exit </dev/null >/dev/null 2>&1
 }
@@ -53,5 +56,6 @@ winepath_of() {
 }
 
 wine_end() {
-    wineserver -k || true
+    wineserver -k 2>/dev/null || true
+    wineserver -w 2>/dev/null || true
 }

@@ -243,7 +243,7 @@ private Q_SLOTS:
             QVERIFY(program.waitForFinished());
             said += program.readAllStandardError();
             halfWritten += QFile::exists(folder.file("Tovarin.mdb-journal"));
-            work.follow(QString::fromUtf8(said).split(u'\n'));
+            work.follow(linesOfPilot(said));
 
             File file(folder);
             QCOMPARE(file.soundness(), QStringLiteral("ok"));
@@ -283,7 +283,7 @@ private Q_SLOTS:
             program.kill();
             QVERIFY(program.waitForFinished());
             said += program.readAllStandardError();
-            worksheet.follow(QString::fromUtf8(said).split(u'\n'));
+            worksheet.follow(linesOfPilot(said));
 
             QStringList ranking;
             {
