@@ -17,12 +17,16 @@
 #include <QPrinterInfo>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QScrollBar>
 #include <QStandardPaths>
+#include <QTextBlock>
 #include <QTextBrowser>
 #include <QTextFrame>
 #include <QVBoxLayout>
 
 #include <memory>
+#include <utility>
+#include <vector>
 
 namespace browser {
 
@@ -50,6 +54,11 @@ public:
 namespace {
 
 using Outcome = PrintResult::Outcome;
+
+// At the usual 96 dots to the inch. Only sizes in points are the same on paper.
+constexpr double pointsPerPixel = 72.0 / 96.0;
+constexpr double paperPointSize = 11; // that of the style sheets for paper
+constexpr int logoHeight = 68;        // pixels; that of the reports' style sheet
 
 /// How the texts look, in the colours of the pages.
 constexpr char colours[] = R"(
@@ -81,10 +90,40 @@ QString readableHtml(QString html)
     return html.remove(drawings);
 }
 
+/// Makes the pictures no wider than that many pixels, and those of which the page does not say how
+/// wide they are as high as the logo.
+void fitPictures(QTextDocument &document, double mostPixels)
+{
+    std::vector<std::pair<QTextCursor, QTextImageFormat>> fitted;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        for (auto part = block.begin(); !part.atEnd(); ++part) {
+            const QTextFragment fragment = part.fragment();
+            QTextImageFormat image = fragment.charFormat().toImageFormat();
+            if (!image.isValid())
+                continue;
+            if (image.width() > mostPixels) {
+                image.setHeight(image.height() * mostPixels / image.width());
+                image.setWidth(mostPixels);
+            } else if (image.width() <= 0) {
+                image.setHeight(logoHeight);
+            }
+            QTextCursor cursor(&document);
+            cursor.setPosition(fragment.position());
+            cursor.setPosition(fragment.position() + fragment.length(), QTextCursor::KeepAnchor);
+            fitted.emplace_back(cursor, image);
+        }
+    }
+    for (auto &[cursor, image] : fitted)
+        cursor.setCharFormat(image);
+}
+
 /// The document as it goes on paper: black on white, whatever it is on the screen.
 std::unique_ptr<QTextDocument> paperDocument(const QTextDocument &shown)
 {
     std::unique_ptr<QTextDocument> document(shown.clone());
+    QFont font = document->defaultFont();
+    font.setPointSizeF(paperPointSize);
+    document->setDefaultFont(font);
     QTextCursor cursor(document.get());
     cursor.select(QTextCursor::Document);
     QTextCharFormat format;
@@ -105,7 +144,7 @@ TextView::TextView(QWidget *parent) : PaneView(parent), m_text(new PageText(this
     m_text->setContextMenuPolicy(Qt::NoContextMenu);
     m_text->setFrameShape(QFrame::NoFrame);
     QFont font = m_text->font();
-    font.setPixelSize(fontSize());
+    font.setPointSizeF(fontSize() * pointsPerPixel);
     m_text->document()->setDefaultFont(font);
     m_text->document()->setDefaultStyleSheet(QString::fromLatin1(colours));
     m_text->document()->setDocumentMargin(fontSize());
@@ -140,13 +179,23 @@ void TextView::showBlank(const BlankDocument &document)
 
 void TextView::setInnerHtml(const QString &html)
 {
-    m_text->setHtml(readableHtml(ownHtml(m_head, html)));
+    setText(ownHtml(m_head, html));
+}
+
+void TextView::setText(const QString &html)
+{
+    m_text->setHtml(readableHtml(html));
+    // The text gets its own width only when it is first seen; the pane has it already.
+    const QWidget *const pane = parentWidget() ? parentWidget() : this;
+    QTextDocument &document = *m_text->document();
+    fitPictures(document, pane->width() - 2 * document.documentMargin()
+                              - m_text->verticalScrollBar()->sizeHint().width());
 }
 
 void TextView::showHtml(const QString &html)
 {
     m_text->setAccessibleName(accessibleName());
-    m_text->setHtml(readableHtml(html));
+    setText(html);
     // Whoever asked for it is not ready to fill it yet.
     QMetaObject::invokeMethod(this, &PaneView::documentComplete, Qt::QueuedConnection);
 }

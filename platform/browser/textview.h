@@ -33,6 +33,7 @@ public:
 
 private:
     void showHtml(const QString &html);
+    void setText(const QString &html);
     void followLink(const QUrl &url);
     void askForPrinter(const QString &documentName);
     void askForFile(const QString &documentName);
