@@ -4,7 +4,7 @@
 ; makensis -DVERSION=1.2.3 -DCONTENT=folder -DFILES=file -DICON=file -DOUTPUT=file tovarin.nsi
 ; FILES holds the commands that delete what was installed.
 
-Unicode true
+Target amd64-unicode ; as the program itself
 RequestExecutionLevel user
 SetCompressor /SOLID lzma
 ManifestDPIAware true
