@@ -1,9 +1,10 @@
 # shellcheck shell=bash
-# Sourced by ./windows and what tries the Windows program by hand: sets up Wine as the stand-in for
-# Windows, in a folder of its own.
+# Sourced by ./windows and tools/try-windows-packages: sets up Wine as the stand-in for Windows, in a
+# folder of its own, on a screen of its own, so that nothing comes up on that of whoever runs this.
 #
-# wine_setup PREFIX LIBRARIES   makes the folder if it is not there, and exports what Wine needs
-# wine_end                      ends what runs in it
+# wine_setup PREFIX          makes the folder if it is not there, and exports what Wine needs
+# wine_for_tests LIBRARIES   lets programs run that are not installed, and off screen
+# wine_end                   ends what runs in it, and the screen
 
 # The folders that hold the libraries of the compiler.
 compiler_library_folders() {
@@ -12,40 +13,53 @@ compiler_library_folders() {
 }
 
 wine_setup() {
-    local libraries=$2 folder
+    local font
     export WINEPREFIX=$1 WINEARCH=win64 WINEDEBUG=-all
     # Else the letters of paths and arguments would be lost.
     export LC_ALL=C.UTF-8
     # Neither of the two that Wine would like to download: the page engine, and .NET.
     export WINEDLLOVERRIDES="mscoree,mshtml="
+    wine_screen
+    if [ ! -f "$WINEPREFIX/ready" ]; then
+        rm -rf "$WINEPREFIX"
+        mkdir -p "$WINEPREFIX"
+        wineboot -i >/dev/null 2>&1
+        # It comes up as an older Windows than the program is for.
+        wine winecfg -v win10 >/dev/null 2>&1
+        for font in "MS Shell Dlg" "MS Shell Dlg 2" "Segoe UI"; do
+            wine reg add 'HKCU\Software\Wine\Fonts\Replacements' /v "$font" /d "DejaVu Sans" /f \
+                >/dev/null 2>&1
+        done
+        wineserver -w
+        touch "$WINEPREFIX/ready"
+    fi
+    wine_start
+}
+
+wine_for_tests() {
+    local libraries=$1 folder
     WINEPATH=$(winepath_of "$libraries/bin")
     for folder in $(compiler_library_folders); do
         WINEPATH="$WINEPATH;$(winepath_of "$folder")"
     done
     export WINEPATH
-    if [ -f "$WINEPREFIX/ready" ]; then
-        wine_start
-        return 0
-    fi
-    rm -rf "$WINEPREFIX"
-    mkdir -p "$WINEPREFIX"
-    wineboot -i >/dev/null 2>&1
-    # It comes up as an older Windows than the program is for.
-    wine winecfg -v win10 >/dev/null 2>&1
-    for folder in "MS Shell Dlg" "MS Shell Dlg 2" "Segoe UI"; do
-        wine reg add 'HKCU\Software\Wine\Fonts\Replacements' /v "$folder" /d "DejaVu Sans" /f \
-            >/dev/null 2>&1
-    done
-    # Of the environment, it keeps what begins with QT_ from the programs. Tests run off screen.
+    # Of the environment, Wine keeps what begins with QT_ from its programs.
     wine reg add 'HKCU\Environment' /v QT_QPA_PLATFORM /d offscreen /f >/dev/null 2>&1
-    wineserver -w
-    touch "$WINEPREFIX/ready"
     wine_start
+}
+
+wine_screen() {
+    local number
+    exec 3< <(exec Xvfb -displayfd 1 -screen 0 1280x1024x24 2>/dev/null)
+    wine_screen_process=$!
+    read -r number <&3
+    export DISPLAY=:$number
+    openbox >/dev/null 2>&1 &
 }
 
 # What Wine runs in the background would else hold on to the output of whoever needs it first.
 wine_start() {
-    wine_end # it may know of another screen
+    wine_stop # it may know of another screen or environment
     wineserver -p
     wine cmd /c exit </dev/null >/dev/null 2>&1
 }
@@ -55,7 +69,12 @@ winepath_of() {
     printf 'Z:%s' "${1//\//\\}"
 }
 
-wine_end() {
+wine_stop() {
     wineserver -k 2>/dev/null || true
     wineserver -w 2>/dev/null || true
+}
+
+wine_end() {
+    wine_stop
+    [ -z "${wine_screen_process:-}" ] || kill "$wine_screen_process" 2>/dev/null || true
 }

@@ -9,6 +9,8 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <utility>
+
 namespace upgrade {
 
 namespace {
@@ -17,8 +19,8 @@ constexpr char title[] = "Tovarin";
 
 } // namespace
 
-Setup::Setup(const QString &shippedFolder, const QString &programFolder)
-    : m_shipped(shippedFolder), m_program(programFolder)
+Setup::Setup(QString shippedFolder, QString programFolder)
+    : m_shipped(std::move(shippedFolder)), m_program(std::move(programFolder))
 {
     tryToPlace();
 }

@@ -13,7 +13,7 @@ class Setup
 {
 public:
     /// Places the shipped files, see place().
-    Setup(const QString &shippedFolder, const QString &programFolder);
+    Setup(QString shippedFolder, QString programFolder);
 
     /// Nothing, mostly.
     bool hasSomethingToTell() const;

@@ -41,7 +41,7 @@ WebBrowserView::WebBrowserView(QWidget *parent) : PaneView(parent)
     setAttribute(Qt::WA_NativeWindow);
     setFocusPolicy(Qt::StrongFocus);
     m_control = std::make_unique<WebBrowserControl>(
-        reinterpret_cast<HWND>(winId()),
+        reinterpret_cast<HWND>(winId()), // NOLINT(performance-no-int-to-ptr)
         ControlEvents {.listener = this,
                        .documentComplete = [this] { complete(); },
                        .buttonClicked = [this] { Q_EMIT printRequested(); },
