@@ -54,6 +54,7 @@ public:
     }
 
     /// What this process and those it has started take, in MiB; what they share is counted once.
+    /// 0 where the system does not tell, as only Linux does.
     double memory() const { return double(proportionalSize(m_process.processId())) / 1024.0; }
 
 private:
@@ -73,6 +74,9 @@ private:
 
     static qint64 proportionalSize(qint64 process) // in KiB
     {
+#ifndef Q_OS_LINUX
+        return 0; // and what Wine shows of a Linux has other numbers for its processes
+#endif
         const QString folder = QStringLiteral("/proc/%1/").arg(process);
         const QByteArray sizes = read(folder % u"smaps_rollup");
         const qsizetype at = sizes.indexOf("\nPss:");
@@ -130,17 +134,22 @@ void report(const char *name, const Start &ours, const Start &empty)
     std::fflush(stdout);
 }
 
+QString programIn(const QString &folder)
+{
+    return folder % u'/' % upgrade::executableName();
+}
+
 /// The program's folder with the database of a world.
-void reportWorld(const QString &world, const QString &program, const Start &empty)
+void reportWorld(const QString &world, const QString &folder, const Start &empty)
 {
     for (const char *name : {"Tovarin.mdb", "tovarin.dll"}) {
-        const QString file = program % u'/' % QLatin1String(name);
+        const QString file = folder % u'/' % QLatin1String(name);
         QFile::remove(file);
         if (!QFile::copy(world % u'/' % QLatin1String(name), file))
             qFatal("can't copy %s", qPrintable(file));
     }
     report(qPrintable(QString(u"search of " % QDir(world).dirName() % u" names")),
-           {program % u"/tovarin",
+           {programIn(folder),
             {},
             QStringLiteral("click cmdOK;tab 2;click optSearch_2;click cmdSearch;print lblPage")},
            empty);
@@ -152,7 +161,7 @@ void benchStartup(const QStringList &worlds)
 {
     const QTemporaryDir folder;
     upgrade::place(QStringLiteral(SHIPPED_FOLDER), folder.path());
-    const QString program = folder.filePath(QStringLiteral("tovarin"));
+    const QString program = programIn(folder.path());
     const QString bare = QStringLiteral(EMPTY_WINDOW);
     const Start emptyWindow {bare, {}, QStringLiteral("print emptyWindow")};
     const Start emptyPage {bare,
