@@ -129,8 +129,12 @@ std::pair<Cost, Cost> costsOf(const Start &ours, const Start &empty)
 void report(const char *name, const Start &ours, const Start &empty)
 {
     const auto [cost, bare] = costsOf(ours, empty);
-    std::printf("%-34s %7.0f %7.0f %7.2f %9.0f %9.0f\n", name, cost.time, bare.time,
-                cost.time / bare.time, cost.memory, bare.memory);
+    const auto known = [](double memory) {
+        return memory > 0 ? QByteArray::number(memory, 'f', 0) : QByteArray("-");
+    };
+    std::printf("%-34s %7.0f %7.0f %7.2f %9s %9s\n", name, cost.time, bare.time,
+                cost.time / bare.time, known(cost.memory).constData(),
+                known(bare.memory).constData());
     std::fflush(stdout);
 }
 

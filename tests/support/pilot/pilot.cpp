@@ -12,6 +12,7 @@
 #include <QTabWidget>
 #include <QTableView>
 #include <QTest>
+#include <QTextBrowser>
 #include <QUrl>
 
 #include <cstdio>
@@ -109,6 +110,8 @@ bool isLoaded(const QWidget *pane)
     for (const QObject *part : pane->findChildren<QObject *>()) {
         if (part->inherits("QWebEnginePage"))
             return !part->property("loading").toBool();
+        if (const auto *text = qobject_cast<const QTextBrowser *>(part))
+            return !text->document()->isEmpty();
     }
     return false;
 }
