@@ -236,6 +236,13 @@ QString executableName()
     return QStringLiteral(EXECUTABLE_NAME);
 }
 
+bool isComplete(const QString &programFolder)
+{
+    const QDir folder(programFolder);
+    return QFileInfo(folder.filePath(executableName())).isExecutable()
+           && folder.exists(databaseName());
+}
+
 Placement place(const QString &shippedFolder, const QString &programFolder)
 {
     const Placer placer(shippedFolder, programFolder);

@@ -12,6 +12,9 @@ namespace upgrade {
 /// The program's file in its folder.
 QString executableName();
 
+/// Whether the folder holds what it takes to start: the program and a database.
+bool isComplete(const QString &programFolder);
+
 /// Puts the files of a shipped folder into the program's folder, which is made if it is missing.
 /// Other files there stay. A database with anything that its user ticked or saved takes over the
 /// shipped dictionary and keeps that; a backup of the file as it was is left beside it.

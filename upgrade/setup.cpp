@@ -7,7 +7,6 @@
 #include "upgrade/programfolder.h"
 
 #include <QDir>
-#include <QFileInfo>
 
 #include <utility>
 
@@ -70,7 +69,7 @@ bool Setup::settle()
             return false;
         tryToPlace();
     }
-    const bool canStart = QFileInfo(executable()).isExecutable();
+    const bool canStart = isComplete(m_program);
     if (m_failure.isEmpty()) {
         const QString text = describe(m_placement);
         if (!text.isEmpty())

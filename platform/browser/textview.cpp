@@ -30,11 +30,56 @@
 
 namespace browser {
 
-/// A text that loads nothing but files of the page folder.
+namespace {
+
+constexpr int logoHeight = 68; // pixels; that of the reports' style sheet
+
+/// The width that a picture has in the page, other than on a narrow screen.
+constexpr int ownWidth = QTextFormat::UserProperty;
+
+/// Makes the pictures no wider than that many pixels, and those of which the page does not say how
+/// wide they are as high as the logo.
+void fitPictures(QTextDocument &document, double mostPixels)
+{
+    std::vector<std::pair<QTextCursor, QTextImageFormat>> fitted;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        for (auto part = block.begin(); !part.atEnd(); ++part) {
+            const QTextFragment fragment = part.fragment();
+            QTextImageFormat image = fragment.charFormat().toImageFormat();
+            if (!image.isValid())
+                continue;
+            if (image.width() > 0) {
+                if (!image.hasProperty(ownWidth))
+                    image.setProperty(ownWidth, image.width());
+                const double width = qMin(image.doubleProperty(ownWidth), mostPixels);
+                image.setHeight(image.height() * width / image.width());
+                image.setWidth(width);
+            } else {
+                image.setHeight(logoHeight);
+            }
+            QTextCursor cursor(&document);
+            cursor.setPosition(fragment.position());
+            cursor.setPosition(fragment.position() + fragment.length(), QTextCursor::KeepAnchor);
+            fitted.emplace_back(cursor, image);
+        }
+    }
+    for (auto &[cursor, image] : fitted)
+        cursor.setCharFormat(image);
+}
+
+} // namespace
+
+/// A text that loads nothing but files of the page folder, with pictures that fit in.
 class PageText final : public QTextBrowser
 {
 public:
     using QTextBrowser::QTextBrowser;
+
+    void showText(const QString &html)
+    {
+        setHtml(html);
+        fit();
+    }
 
     QVariant loadResource(int type, const QUrl &name) override
     {
@@ -49,6 +94,21 @@ public:
         return type == QTextDocument::StyleSheetResource ? QVariant(QString::fromUtf8(content))
                                                          : QVariant(content);
     }
+
+protected:
+    void resizeEvent(QResizeEvent *event) override
+    {
+        QTextBrowser::resizeEvent(event);
+        if (event->size().width() != event->oldSize().width())
+            fit();
+    }
+
+private:
+    void fit()
+    {
+        fitPictures(*document(), width() - 2 * document()->documentMargin()
+                                     - verticalScrollBar()->sizeHint().width());
+    }
 };
 
 namespace {
@@ -58,11 +118,11 @@ using Outcome = PrintResult::Outcome;
 // At the usual 96 dots to the inch. Only sizes in points are the same on paper.
 constexpr double pointsPerPixel = 72.0 / 96.0;
 constexpr double paperPointSize = 11; // that of the style sheets for paper
-constexpr int logoHeight = 68;        // pixels; that of the reports' style sheet
 
 /// How the texts look, in the colours of the pages.
 constexpr char colours[] = R"(
     h1, h2, h3, caption, a { color: #1f5f6b; }
+    dt { font-weight: bold; }
     th { text-align: left; }
     th, td { padding: 3px 9px; }
     thead th { background-color: #f7f1e5; }
@@ -70,7 +130,8 @@ constexpr char colours[] = R"(
 )";
 
 /// Without what a browser would draw or run: of that, the text would only show the inside. Lists
-/// that lead into the page, which it can't set in a line, become lines.
+/// that lead into the page, which it can't set in a line, become lines, and pictures with a
+/// caption, which it doesn't know, paragraphs.
 QString readableHtml(QString html)
 {
     constexpr QStringView jumpList = u"<ul class=\"jump\">";
@@ -84,37 +145,14 @@ QString readableHtml(QString html)
                                  .replace(QStringLiteral("</a>"), QStringLiteral("</a>&nbsp; "));
         html.replace(start, end + listEnd.size() - start, u"<p>" % line % u"</p>");
     }
+    html.replace(QStringLiteral("<figure>"), QStringLiteral("<p>"))
+        .replace(QStringLiteral("<figcaption>"), QStringLiteral("<br><small>"))
+        .replace(QStringLiteral("</figcaption>"), QStringLiteral("</small>"))
+        .replace(QStringLiteral("</figure>"), QStringLiteral("</p>"));
     static const QRegularExpression drawings(QStringLiteral("<(svg|script)\\b.*?</\\1\\s*>"),
                                              QRegularExpression::CaseInsensitiveOption
                                                  | QRegularExpression::DotMatchesEverythingOption);
     return html.remove(drawings);
-}
-
-/// Makes the pictures no wider than that many pixels, and those of which the page does not say how
-/// wide they are as high as the logo.
-void fitPictures(QTextDocument &document, double mostPixels)
-{
-    std::vector<std::pair<QTextCursor, QTextImageFormat>> fitted;
-    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-        for (auto part = block.begin(); !part.atEnd(); ++part) {
-            const QTextFragment fragment = part.fragment();
-            QTextImageFormat image = fragment.charFormat().toImageFormat();
-            if (!image.isValid())
-                continue;
-            if (image.width() > mostPixels) {
-                image.setHeight(image.height() * mostPixels / image.width());
-                image.setWidth(mostPixels);
-            } else if (image.width() <= 0) {
-                image.setHeight(logoHeight);
-            }
-            QTextCursor cursor(&document);
-            cursor.setPosition(fragment.position());
-            cursor.setPosition(fragment.position() + fragment.length(), QTextCursor::KeepAnchor);
-            fitted.emplace_back(cursor, image);
-        }
-    }
-    for (auto &[cursor, image] : fitted)
-        cursor.setCharFormat(image);
 }
 
 /// The document as it goes on paper: black on white, whatever it is on the screen.
@@ -184,12 +222,7 @@ void TextView::setInnerHtml(const QString &html)
 
 void TextView::setText(const QString &html)
 {
-    m_text->setHtml(readableHtml(html));
-    // The text gets its own width only when it is first seen; the pane has it already.
-    const QWidget *const pane = parentWidget() ? parentWidget() : this;
-    QTextDocument &document = *m_text->document();
-    fitPictures(document, pane->width() - 2 * document.documentMargin()
-                              - m_text->verticalScrollBar()->sizeHint().width());
+    m_text->showText(readableHtml(html));
 }
 
 void TextView::showHtml(const QString &html)

@@ -95,14 +95,7 @@ private Q_SLOTS:
         QVERIFY(run.said.isEmpty());
     }
 
-    void archive_putsItsFolderTogetherAndStarts_data()
-    {
-        QTest::addColumn<bool>("hasLauncher");
-#ifndef Q_OS_WIN
-        QTest::addRow("with a launcher") << true;
-#endif
-        QTest::addRow("with the program itself") << false;
-    }
+    void archive_putsItsFolderTogetherAndStarts_data() { addKindsOfArchives(); }
 
     void archive_putsItsFolderTogetherAndStarts()
     {
@@ -139,6 +132,40 @@ private Q_SLOTS:
         QCOMPARE(broken.size(), 8);
         QCOMPARE(archive.start(u"answer yes;" % leave), QStringList({question, splash}));
         QCOMPARE(QFileInfo(inProgramFolder("Tovarin-put-aside-1.mdb")).size(), 8);
+    }
+
+    void spoiltArchive_saysSoAndGoesOnWithWhatIsThere_data() { addKindsOfArchives(); }
+
+    void spoiltArchive_saysSoAndGoesOnWithWhatIsThere()
+    {
+        QFETCH(bool, hasLauncher);
+        const UnpackedArchive archive(hasLauncher);
+        const QString leave = QStringLiteral("print frmSplash;click cmdExit");
+        QFile shipped(archive.file("shipped/Tovarin.mdb"));
+        const QString whole = shipped.fileName() % u".whole";
+        QVERIFY(shipped.copy(whole) && shipped.setPermissions(QFile::ReadOwner | QFile::WriteOwner)
+                && shipped.resize(5000));
+        QCOMPARE(archive.start(leave),
+                 QStringList(QStringLiteral("box: [Tovarin] Tovarin could not be set up.")));
+
+        QVERIFY(shipped.remove() && QFile::rename(whole, shipped.fileName()));
+        QCOMPARE(archive.start(leave).size(), 1);
+        QVERIFY(shipped.setPermissions(QFile::ReadOwner | QFile::WriteOwner)
+                && shipped.resize(5000));
+        const QStringList said = archive.start(leave);
+        QCOMPARE(said.size(), 2);
+        QVERIFY(said[0].startsWith(u"box: [Tovarin] Tovarin could not be brought up to date, "));
+        QCOMPARE(said[1], QStringLiteral("frmSplash: Tovarin Names Dictionary 0.1.0"));
+    }
+
+private:
+    static void addKindsOfArchives()
+    {
+        QTest::addColumn<bool>("hasLauncher");
+#ifndef Q_OS_WIN
+        QTest::addRow("with a launcher") << true;
+#endif
+        QTest::addRow("with the program itself") << false;
     }
 };
 

@@ -17,6 +17,8 @@
 #include <QTextBlock>
 #include <QTextBrowser>
 
+#include <vector>
+
 using browser::PrintResult;
 using browser::TextView;
 
@@ -53,19 +55,20 @@ void follow(const TextView &view, const QString &address)
     Q_EMIT textOf(view).anchorClicked(QUrl(address));
 }
 
-int picturesIn(const TextView &view)
+/// The pictures of a page that are there, as they are shown.
+std::vector<QTextImageFormat> picturesIn(const TextView &view)
 {
-    int count = 0;
+    std::vector<QTextImageFormat> pictures;
     const QTextDocument &document = *textOf(view).document();
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
         for (auto part = block.begin(); !part.atEnd(); ++part) {
             const QTextImageFormat image = part.fragment().charFormat().toImageFormat();
             if (image.isValid()
                 && document.resource(QTextDocument::ImageResource, QUrl(image.name())).isValid())
-                ++count;
+                pictures.push_back(image);
         }
     }
-    return count;
+    return pictures;
 }
 
 } // namespace
@@ -121,9 +124,33 @@ private Q_SLOTS:
                             u"<table><tr><td>1</td><td>Ann</td></tr></table>");
         QCOMPARE(textOf(view).toPlainText().remove(QChar::ObjectReplacementCharacter).simplified(),
                  QStringLiteral("1 Ann"));
-        QCOMPARE(picturesIn(view), 1);
+        QCOMPARE(picturesIn(view).size(), 1);
         follow(view, QStringLiteral("b.htm"));
         QVERIFY(textOf(view).toPlainText().contains(u"Ann"));
+    }
+
+    void picture_fitsAndHasItsCaptionBelow()
+    {
+        const PageFolder folder;
+        support::writeFile(folder.file("c.htm"),
+                           "<h2>Result</h2>\n<figure>\n<img src=\"logo.jpg\" width=\"600\" "
+                           "height=\"300\">\n<figcaption>A search</figcaption>\n</figure>");
+        TextView view(nullptr);
+        view.resize(400, 400);
+        view.show();
+        view.showFile(folder.file("c.htm"));
+        const QTextBlock heading = textOf(view).document()->begin();
+        QCOMPARE(heading.text().trimmed(), QStringLiteral("Result"));
+        QVERIFY(heading.next().text().contains(u"A search"));
+        for (const int width : {400, 300, 1000, 400}) {
+            view.resize(width, 400);
+            const QTextImageFormat picture = picturesIn(view).at(0);
+            QCOMPARE(picture.width() / picture.height(), 2.0);
+            if (width == 1000)
+                QCOMPARE(picture.width(), 600.0);
+            else
+                QVERIFY(picture.width() < width && picture.width() > 0.75 * width);
+        }
     }
 
     /// Without a printer, what the button makes is a file.

@@ -9,6 +9,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
+#include <QEventLoop>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -464,7 +465,15 @@ private Q_SLOTS:
             grid().setComboList(QStringLiteral("noun||verb|noun|adverb"));
         grid().editCell(QStringLiteral("n"));
         QVERIFY(list ? m_window->list() != nullptr : m_window->editor<QLineEdit>() != nullptr);
-        leave(*m_window);
+        // As in the program, from an event: without a loop around it, what is to be deleted later
+        // goes at once when a message opens a loop.
+        QEventLoop loop;
+        const auto leaveInLoop = [&] {
+            leave(*m_window);
+            loop.quit();
+        };
+        QMetaObject::invokeMethod(&loop, leaveInLoop, Qt::QueuedConnection);
+        loop.exec();
         if (list) // a list looks again later whether it has been left
             QTRY_COMPARE(ended.count(), 1);
         QCOMPARE(ended, QStringList {QStringLiteral("2/1 ") + result});
