@@ -118,11 +118,13 @@ using Outcome = PrintResult::Outcome;
 // At the usual 96 dots to the inch. Only sizes in points are the same on paper.
 constexpr double pointsPerPixel = 72.0 / 96.0;
 constexpr double paperPointSize = 11; // that of the style sheets for paper
+constexpr double paperWidth = 640;    // pixels; that of A4 between margins of 2 cm
 
 /// How the texts look, in the colours of the pages.
 constexpr char colours[] = R"(
     h1, h2, h3, caption, a { color: #1f5f6b; }
     dt { font-weight: bold; }
+    dd { margin-left: 0; -qt-block-indent: 1; }
     th { text-align: left; }
     th, td { padding: 3px 9px; }
     thead th { background-color: #f7f1e5; }
@@ -156,9 +158,11 @@ QString readableHtml(QString html)
 }
 
 /// The document as it goes on paper: black on white, whatever it is on the screen.
-std::unique_ptr<QTextDocument> paperDocument(const QTextDocument &shown)
+std::unique_ptr<QTextDocument> paperDocument(PageText &shown)
 {
-    std::unique_ptr<QTextDocument> document(shown.clone());
+    // It loads its pictures through the one it belongs to.
+    std::unique_ptr<QTextDocument> document(shown.document()->clone(&shown));
+    fitPictures(*document, paperWidth);
     QFont font = document->defaultFont();
     font.setPointSizeF(paperPointSize);
     document->setDefaultFont(font);
@@ -275,7 +279,7 @@ void TextView::askForPrinter(const QString &documentName)
     const auto printer = std::make_shared<QPrinter>();
     printer->setDocName(documentName);
     ask(new QPrintDialog(printer.get(), this), [this, printer] {
-        paperDocument(*m_text->document())->print(printer.get());
+        paperDocument(*m_text)->print(printer.get());
         const bool hasFailed = printer->printerState() == QPrinter::Error;
         return PrintResult {.outcome = hasFailed ? Outcome::Failed : Outcome::Printed};
     });
@@ -296,7 +300,7 @@ void TextView::askForFile(const QString &documentName)
         {
             QPdfWriter writer(&pdf);
             writer.setTitle(documentName);
-            paperDocument(*m_text->document())->print(&writer);
+            paperDocument(*m_text)->print(&writer);
         }
         return savePdf(dialog->selectedFiles().constFirst(), pdf.data());
     });

@@ -161,7 +161,8 @@ private Q_SLOTS:
         const PageFolder folder;
         TextView view(nullptr);
         view.showBlank({.title = QStringLiteral("Report")});
-        view.setInnerHtml(QStringLiteral("<p>Ann</p>").repeated(200));
+        view.setInnerHtml(QStringLiteral("<img src='logo.jpg' width='900' height='90'>")
+                          % QStringLiteral("<p>Ann</p>").repeated(200));
         QSignalSpy requested(&view, &browser::PaneView::printRequested);
         view.findChild<QPushButton *>(QStringLiteral("cmdPrintPage"))->click();
         QCOMPARE(requested.size(), 1);
@@ -185,7 +186,11 @@ private Q_SLOTS:
         printTo(file);
         QVERIFY(result.outcome == PrintResult::Outcome::SavedAsFile);
         QCOMPARE(QDir::cleanPath(result.file), file);
-        QVERIFY(support::readFile(file).startsWith("%PDF"));
+        const QByteArray pdf = support::readFile(file);
+        QVERIFY(pdf.startsWith("%PDF"));
+        const QImage picture(folder.file("logo.jpg"));
+        QVERIFY(!picture.isNull());
+        QVERIFY(pdf.contains(QByteArray("/Width ").append(QByteArray::number(picture.width()))));
         printTo(folder.file("none/Report.pdf"));
         QVERIFY(result.outcome == PrintResult::Outcome::Failed && !result.reason.isEmpty());
     }

@@ -273,7 +273,7 @@ private Q_SLOTS:
             QProcess mkdb;
             mkdb.start(QStringLiteral(MKDB),
                        {QStringLiteral("place"), newer.folder(), used.folder()});
-            QVERIFY(mkdb.waitForStarted());
+            QVERIFY2(mkdb.waitForStarted(), qPrintable(mkdb.errorString()));
             QTest::qSleep(int(random() % 120));
             mkdb.kill();
             QVERIFY(mkdb.waitForFinished());
