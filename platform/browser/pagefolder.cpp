@@ -62,8 +62,10 @@ QString fileAddress(const QString &path)
 
 QString ownHtml(const QString &head, const QString &body)
 {
-    return u"<!DOCTYPE html><html lang=\"en\"><head><meta charset=\"utf-8\">" % head
-           % u"</head><body>" % body % u"</body></html>";
+    // Without being asked, the control of Windows shows pages as its first versions did.
+    return u"<!DOCTYPE html><html lang=\"en\"><head><meta charset=\"utf-8\">"
+           u"<meta http-equiv=\"X-UA-Compatible\" content=\"IE=edge\">"
+           % head % u"</head><body>" % body % u"</body></html>";
 }
 
 QString blankHead(const BlankDocument &document)

@@ -57,6 +57,8 @@ void fitPictures(QTextDocument &document, double mostPixels)
             } else {
                 image.setHeight(logoHeight);
             }
+            if (image == fragment.charFormat())
+                continue;
             QTextCursor cursor(&document);
             cursor.setPosition(fragment.position());
             cursor.setPosition(fragment.position() + fragment.length(), QTextCursor::KeepAnchor);
@@ -131,9 +133,9 @@ constexpr char colours[] = R"(
     caption { font-weight: bold; }
 )";
 
-/// Without what a browser would draw or run: of that, the text would only show the inside. Lists
-/// that lead into the page, which it can't set in a line, become lines, and pictures with a
-/// caption, which it doesn't know, paragraphs.
+/// Without what a browser would draw or run, since the text would only show the inside of that, and
+/// without captions of what is not there. Lists that lead into the page, which it can't set in a
+/// line, become lines, and pictures with a caption, which it doesn't know, paragraphs.
 QString readableHtml(QString html)
 {
     constexpr QStringView jumpList = u"<ul class=\"jump\">";
@@ -147,14 +149,18 @@ QString readableHtml(QString html)
                                  .replace(QStringLiteral("</a>"), QStringLiteral("</a>&nbsp; "));
         html.replace(start, end + listEnd.size() - start, u"<p>" % line % u"</p>");
     }
-    html.replace(QStringLiteral("<figure>"), QStringLiteral("<p>"))
-        .replace(QStringLiteral("<figcaption>"), QStringLiteral("<br><small>"))
-        .replace(QStringLiteral("</figcaption>"), QStringLiteral("</small>"))
-        .replace(QStringLiteral("</figure>"), QStringLiteral("</p>"));
     static const QRegularExpression drawings(QStringLiteral("<(svg|script)\\b.*?</\\1\\s*>"),
                                              QRegularExpression::CaseInsensitiveOption
                                                  | QRegularExpression::DotMatchesEverythingOption);
-    return html.remove(drawings);
+    static const QRegularExpression captionsOnly(
+        QStringLiteral("<figure>\\s*<figcaption>.*?</figure>"),
+        QRegularExpression::DotMatchesEverythingOption);
+    return html.remove(drawings)
+        .remove(captionsOnly)
+        .replace(QStringLiteral("<figure>"), QStringLiteral("<p>"))
+        .replace(QStringLiteral("<figcaption>"), QStringLiteral("<br><small>"))
+        .replace(QStringLiteral("</figcaption>"), QStringLiteral("</small>"))
+        .replace(QStringLiteral("</figure>"), QStringLiteral("</p>"));
 }
 
 /// The document as it goes on paper: black on white, whatever it is on the screen.

@@ -63,6 +63,7 @@ private:
     void goTo(const QString &address);
 
     HWND m_window;
+    bool m_hasOle;       ///< the system's object interfaces have been set up
     ControlHost *m_host; ///< counts those who refer to it
 };
 

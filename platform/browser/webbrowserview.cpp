@@ -79,9 +79,7 @@ void WebBrowserView::showFile(const QString &path)
 
 void WebBrowserView::showBlank(const BlankDocument &document)
 {
-    // Without being asked, the control shows pages as its first versions did.
-    showOwn(ownHtml(u"<meta http-equiv=\"X-UA-Compatible\" content=\"IE=edge\"><title>"
-                    % document.title.toHtmlEscaped() % u"</title>" % styleOf(document)));
+    showOwn(ownHtml(u"<title>" % document.title.toHtmlEscaped() % u"</title>" % styleOf(document)));
 }
 
 void WebBrowserView::showOwn(const QString &html)

@@ -31,10 +31,12 @@ public:
     {
         browser::setPageFolder(m_folder.path());
         QFile::copy(QStringLiteral(DATA_FOLDER "/pictures/logocust.jpg"), file("logo.jpg"));
-        support::writeFile(file("a.htm"), "<title>A</title><svg><text>drawn</text></svg>"
-                                          "<ul class=\"jump\">\n<li><a href=\"#end\">End</a>"
-                                          "</li>\n</ul><h2 id=\"end\">Zo\xC3\xAB</h2>"
-                                          "<a href=\"b.htm\">next</a>");
+        support::writeFile(file("a.htm"),
+                           "<title>A</title><figure>\n<svg><text>drawn</text></svg>\n"
+                           "<figcaption>Chart</figcaption></figure>"
+                           "<ul class=\"jump\">\n<li><a href=\"#end\">End</a>"
+                           "</li>\n</ul><h2 id=\"end\">Zo\xC3\xAB</h2>"
+                           "<a href=\"b.htm\">next</a>");
         support::writeFile(file("b.htm"), "second");
     }
 
