@@ -21,43 +21,51 @@ foreach(name tovarin.1 changelog)
         COMMAND gzip -9nc ${made}/${name} > ${made}/${name}.gz
         DEPENDS ${made}/${name})
 endforeach()
-add_custom_target(package_texts DEPENDS ${made}/tovarin.1.gz ${made}/changelog.gz)
+add_custom_target(package_texts ALL DEPENDS ${made}/tovarin.1.gz ${made}/changelog.gz)
 
 # The program in a shipped folder can't be started: the launcher puts it into the program's folder.
 set(not_to_start PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
 
-install(TARGETS tovarin_launcher RUNTIME DESTINATION usr/bin COMPONENT system)
-install(TARGETS tovarin RUNTIME DESTINATION usr/lib/tovarin ${not_to_start} COMPONENT system)
-install(FILES ${shipped_files} DESTINATION usr/lib/tovarin COMPONENT system)
+# What "cmake --install" puts into a prefix of any name, and the Debian package into /usr.
+set(shared ${CMAKE_INSTALL_DATAROOTDIR})
+install(TARGETS tovarin_launcher RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT system)
+install(TARGETS tovarin RUNTIME DESTINATION ${CMAKE_INSTALL_LIBDIR}/tovarin ${not_to_start}
+    COMPONENT system)
+install(FILES ${shipped_files} DESTINATION ${CMAKE_INSTALL_LIBDIR}/tovarin COMPONENT system)
 install(FILES ${packaging}/org.tovarin.tovarin.desktop
-    DESTINATION usr/share/applications COMPONENT system)
+    DESTINATION ${shared}/applications COMPONENT system)
 install(FILES ${made}/org.tovarin.tovarin.metainfo.xml
-    DESTINATION usr/share/metainfo COMPONENT system)
-install(FILES ${made}/tovarin.1.gz DESTINATION usr/share/man/man1 COMPONENT system)
+    DESTINATION ${shared}/metainfo COMPONENT system)
+install(FILES ${made}/tovarin.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT system)
 install(FILES ${packaging}/copyright ${made}/changelog.gz
-    DESTINATION usr/share/doc/tovarin COMPONENT system)
-install(FILES ${packaging}/lintian-overrides
-    DESTINATION usr/share/lintian/overrides RENAME tovarin COMPONENT system)
+    DESTINATION ${shared}/doc/tovarin COMPONENT system)
 foreach(size 16 24 32 48 64 128 256)
     install(FILES ${PROJECT_SOURCE_DIR}/data/pictures/tovarin-${size}.png
-        DESTINATION usr/share/icons/hicolor/${size}x${size}/apps
+        DESTINATION ${shared}/icons/hicolor/${size}x${size}/apps
         RENAME org.tovarin.tovarin.png COMPONENT system)
 endforeach()
 install(FILES ${PROJECT_SOURCE_DIR}/data/pictures/tovarin.svg
-    DESTINATION usr/share/icons/hicolor/scalable/apps
+    DESTINATION ${shared}/icons/hicolor/scalable/apps
     RENAME org.tovarin.tovarin.svg COMPONENT system)
 
-install(TARGETS tovarin_launcher RUNTIME DESTINATION Tovarin COMPONENT portable)
-install(TARGETS tovarin RUNTIME DESTINATION Tovarin/shipped ${not_to_start} COMPONENT portable)
-install(FILES ${shipped_files} ${packaging}/qt.conf DESTINATION Tovarin/shipped COMPONENT portable)
+# What only the Debian package has.
+install(FILES ${packaging}/lintian-overrides
+    DESTINATION ${shared}/lintian/overrides RENAME tovarin COMPONENT debian EXCLUDE_FROM_ALL)
+
+# What only the portable archive has, with the libraries it brings.
+install(TARGETS tovarin_launcher RUNTIME DESTINATION Tovarin COMPONENT portable EXCLUDE_FROM_ALL)
+install(TARGETS tovarin RUNTIME DESTINATION Tovarin/shipped ${not_to_start}
+    COMPONENT portable EXCLUDE_FROM_ALL)
+install(FILES ${shipped_files} ${packaging}/qt.conf DESTINATION Tovarin/shipped
+    COMPONENT portable EXCLUDE_FROM_ALL)
 install(FILES ${packaging}/launcher-qt.conf
-    DESTINATION Tovarin RENAME qt.conf COMPONENT portable)
+    DESTINATION Tovarin RENAME qt.conf COMPONENT portable EXCLUDE_FROM_ALL)
 install(FILES ${packaging}/README.txt ${packaging}/copyright
     ${PROJECT_SOURCE_DIR}/data/pictures/tovarin.svg
-    DESTINATION Tovarin COMPONENT portable)
+    DESTINATION Tovarin COMPONENT portable EXCLUDE_FROM_ALL)
 get_target_property(qmake Qt6::qmake IMPORTED_LOCATION)
-install(CODE "set(qmake \"${qmake}\")" COMPONENT portable)
-install(SCRIPT ${packaging}/bundle.cmake COMPONENT portable)
+install(CODE "set(qmake \"${qmake}\")" COMPONENT portable EXCLUDE_FROM_ALL)
+install(SCRIPT ${packaging}/bundle.cmake COMPONENT portable EXCLUDE_FROM_ALL)
 
 set(CPACK_GENERATOR DEB TGZ)
 set(CPACK_PACKAGE_NAME tovarin)
@@ -72,7 +80,6 @@ them, compose full names with their initials, and print the result.")
 set(CPACK_PACKAGE_CHECKSUM SHA256)
 set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR}/../packages)
 set(CPACK_STRIP_FILES ON)
-set(CPACK_PACKAGING_INSTALL_PREFIX /)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 set(CPACK_COMPONENTS_GROUPING ALL_COMPONENTS_IN_ONE)

@@ -6,7 +6,7 @@
 build_packages=(g++ cmake ninja-build ccache qt6-base-dev qt6-webengine-dev libgl-dev
     libsqlitecpp-dev libsqlite3-dev libicu-dev fonts-dejavu-core)
 # What the tests take besides.
-test_packages=(poppler-utils clang libclang-rt-14-dev
+test_packages=(poppler-utils clang libclang-rt-dev strace
     xvfb openbox xdotool dbus at-spi2-core python3-pyatspi)
 # What ./lint takes besides.
 lint_packages=(clang-format clang-tidy shellcheck tidy pyflakes3)

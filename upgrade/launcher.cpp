@@ -26,7 +26,7 @@ upgrade::Setup setUp()
     const QString beside = here.filePath(QStringLiteral("shipped"));
     if (QFileInfo::exists(beside))
         return {beside, here.filePath(QStringLiteral("program"))};
-    return {QDir::cleanPath(here.filePath(QStringLiteral("../lib/tovarin"))),
+    return {QDir::cleanPath(here.filePath(QStringLiteral(SHIPPED_FOLDER))),
             QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) % u"/tovarin"};
 }
 
