@@ -7,8 +7,10 @@
 // mkdb report DATA [PAGE]    prints what the dictionary holds and lacks, or writes it into PAGE, in
 //                            place of what follows its heading "Counts"
 // mkdb sample DATA COUNT [SEED]  prints entries drawn by lot, for reading them critically
+// mkdb letters FILE VERSION  prints platform/access/letterdata.cpp, made from UnicodeData.txt
 
 #include "tools/census.h"
+#include "tools/letters.h"
 #include "tools/shippeddatabase.h"
 #include "upgrade/programfolder.h"
 
@@ -148,6 +150,15 @@ int sample(const QString &data, const QString &countText, const QString &seedTex
     return 0;
 }
 
+int letterData(const QString &unicodeData, const QString &version)
+{
+    QFile file(unicodeData);
+    if (!file.open(QIODevice::ReadOnly))
+        throw shipped::BuildError(unicodeData % u": " % file.errorString());
+    print(QString::fromUtf8(letters::letterData(file.readAll(), version)));
+    return 0;
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -166,12 +177,14 @@ int main(int argc, char *argv[])
             return report(arguments[1], arguments.value(2));
         if (command == u"sample" && (arguments.size() == 3 || arguments.size() == 4))
             return sample(arguments[1], arguments[2], arguments.value(3));
+        if (command == u"letters" && arguments.size() == 3)
+            return letterData(arguments[1], arguments[2]);
     } catch (const std::exception &error) {
         say(u"mkdb: " % QString::fromUtf8(error.what()));
         return 1;
     }
     say(QStringLiteral("Usage: mkdb build DATA FOLDER | mkdb place SHIPPED FOLDER | "
                        "mkdb sort FILE... | mkdb report DATA [PAGE] | "
-                       "mkdb sample DATA COUNT [SEED]"));
+                       "mkdb sample DATA COUNT [SEED] | mkdb letters FILE VERSION"));
     return 2;
 }

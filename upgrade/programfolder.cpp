@@ -8,6 +8,7 @@
 #include "platform/access/connection.h"
 #include "platform/access/databaserenewal.h"
 #include "platform/access/engineerror.h"
+#include "platform/access/openedfile.h"
 #include "upgrade/backup.h"
 #include "upgrade/carryover.h"
 #include "upgrade/stagedfile.h"
@@ -16,6 +17,7 @@
 #include <QFile>
 #include <QLockFile>
 
+#include <filesystem>
 #include <vector>
 
 namespace upgrade {
@@ -54,11 +56,9 @@ QString connectionText(const QDir &keyFolder, const QDir &databaseFolder)
     return basDatabase::ConnectionText(password);
 }
 
-QString editionOf(const QDir &folder)
+dbaccess::FileState stateOf(const QDir &folder)
 {
-    dbaccess::Connection connection;
-    connection.open(connectionText(folder, folder));
-    return connection.edition();
+    return dbaccess::stateOfFile(connectionText(folder, folder));
 }
 
 bool meansNoDatabaseOfOurs(const EngineError &error)
@@ -88,8 +88,10 @@ public:
     bool isCurrent() const
     {
         try {
-            return QFile::exists(database()) && editionOf(m_program) == editionOf(m_shipped)
-                   && changedFiles().isEmpty();
+            if (!QFile::exists(database()) || !changedFiles().isEmpty())
+                return false;
+            const dbaccess::FileState state = stateOf(m_program);
+            return state.hasCurrentCollation && state.edition == stateOf(m_shipped).edition;
         } catch (const EngineError &) {
             return false;
         }
@@ -113,7 +115,7 @@ private:
     void checkShippedDatabase() const
     {
         try {
-            editionOf(m_shipped);
+            stateOf(m_shipped);
         } catch (const EngineError &error) {
             throw PlaceError(QStringLiteral("The dictionary that came with Tovarin can't be used. "
                                             "%1 Please install Tovarin again.")
@@ -220,7 +222,10 @@ public:
 private:
     void remove() const
     {
-        stagingFolder(m_program).removeRecursively();
+        // Of a link there only the link goes, and not what it leads to.
+        std::error_code ignored;
+        std::filesystem::remove_all(QFileInfo(stagingFolder(m_program).path()).filesystemFilePath(),
+                                    ignored);
         for (const QString &half :
              m_program.entryList({QStringLiteral("Tovarin-backup-*.mdb.new")}, QDir::Files))
             QFile::remove(m_program.filePath(half));

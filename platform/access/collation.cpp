@@ -11,9 +11,6 @@ namespace dbaccess {
 
 namespace {
 
-/// To be raised with every change of the tables in letterfolding.cpp.
-constexpr int tableVersion = 1;
-
 int compareElements(std::string_view a, std::string_view b)
 {
     ElementReader readerA(a);
@@ -92,13 +89,6 @@ QChar firstPlainLetter(const QString &text)
     ElementReader reader({utf8.constData(), static_cast<std::size_t>(utf8.size())});
     Element first;
     return reader.next(first) ? QChar::fromLatin1(plainLetter(first.primary)) : QChar();
-}
-
-QString collationVersion()
-{
-    return QStringLiteral("%1.%2")
-        .arg(tableVersion)
-        .arg(static_cast<int>(QChar::currentUnicodeVersion()));
 }
 
 } // namespace dbaccess

@@ -168,15 +168,6 @@ void Connection::makePrivate(const QString &table)
     }
 }
 
-QString Connection::edition()
-{
-    try {
-        return QString::fromStdString(dbaccess::edition(openedDatabase().engine));
-    } catch (const SQLite::Exception &exception) {
-        throw EngineError(exception);
-    }
-}
-
 void Connection::setStatementObserver(std::function<void(const QString &)> observer)
 {
     m_observer = std::move(observer);

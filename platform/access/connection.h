@@ -44,11 +44,6 @@ public:
     /// @throws EngineError
     void makePrivate(const QString &table);
 
-    /// What the file was made with: the same for all files that DatabaseBuilder was given the same
-    /// tables and rows for, whatever has happened to them since. Empty where the file does not say.
-    /// @throws EngineError
-    QString edition();
-
     /// Calls the observer with the text of every statement, as given, before it is run.
     void setStatementObserver(std::function<void(const QString &)> observer);
 

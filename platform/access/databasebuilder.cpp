@@ -77,7 +77,7 @@ DatabaseBuilder::DatabaseBuilder(const QString &file, const Account &account, co
         m_work->transaction.emplace(m_work->engine);
         stampNewFile(m_work->engine, account);
         m_work->engine.exec(schema.toStdString());
-        m_work->count(collationVersion());
+        m_work->count(QString::fromLatin1(collationVersion));
         m_work->count(schema);
     } catch (const SQLite::Exception &exception) {
         throw EngineError(exception);

@@ -16,6 +16,9 @@
 #include <SQLiteCpp/Transaction.h>
 #include <sqlite3.h>
 
+#include <memory>
+#include <new>
+
 namespace dbaccess {
 
 namespace {
@@ -35,31 +38,41 @@ std::string_view textOf(sqlite3_value *value)
                 : std::string_view();
 }
 
-int collate(void *, int lengthA, const void *a, int lengthB, const void *b)
+int collate(void *, int lengthA, const void *a, int lengthB, const void *b) noexcept
 {
     return compareTexts({static_cast<const char *>(a), static_cast<std::size_t>(lengthA)},
                         {static_cast<const char *>(b), static_cast<std::size_t>(lengthB)});
 }
 
-/// like(pattern, text): what the engine calls for "text like pattern".
-void like(sqlite3_context *context, int, sqlite3_value **arguments)
+bool matchesLike(sqlite3_context *context, std::string_view pattern, std::string_view text)
+{
+    if (const auto *kept = static_cast<const LikePattern *>(sqlite3_get_auxdata(context, 0)))
+        return kept->matches(text);
+    auto fresh = std::make_unique<LikePattern>(pattern);
+    const bool matches = fresh->matches(text);
+    // The engine keeps the pattern for the rows to come, or deletes it at once if it can't.
+    sqlite3_set_auxdata(context, 0, fresh.release(),
+                        [](void *kept) { delete static_cast<LikePattern *>(kept); });
+    return matches;
+}
+
+/// like(pattern, text): what the engine calls for "text like pattern". The engine is C code, which
+/// nothing may be thrown through.
+void like(sqlite3_context *context, int, sqlite3_value **arguments) noexcept
 {
     if (sqlite3_value_type(arguments[0]) == SQLITE_NULL
         || sqlite3_value_type(arguments[1]) == SQLITE_NULL) {
         sqlite3_result_null(context);
         return;
     }
-    const auto *pattern = static_cast<const LikePattern *>(sqlite3_get_auxdata(context, 0));
-    if (!pattern) {
-        // The engine keeps the pattern for the rows to come, or deletes it at once if it can't.
-        auto *fresh = new LikePattern(textOf(arguments[0]));
-        const bool matches = fresh->matches(textOf(arguments[1]));
-        sqlite3_set_auxdata(context, 0, fresh,
-                            [](void *kept) { delete static_cast<LikePattern *>(kept); });
+    try {
+        const bool matches = matchesLike(context, textOf(arguments[0]), textOf(arguments[1]));
         sqlite3_result_int(context, matches ? 1 : 0);
-        return;
+    } catch (const std::bad_alloc &) {
+        sqlite3_result_error_nomem(context);
+    } catch (const std::exception &error) {
+        sqlite3_result_error(context, error.what(), -1);
     }
-    sqlite3_result_int(context, pattern->matches(textOf(arguments[1])) ? 1 : 0);
 }
 
 std::string property(SQLite::Database &database, const char *name,
@@ -121,7 +134,7 @@ void stampNewFile(SQLite::Database &database, const Account &account)
     setProperty(database, "user", account.user.toStdString());
     setProperty(database, "salt", salt.toStdString());
     setProperty(database, "password", hashOf(salt, account.password).toStdString());
-    setProperty(database, "collation", collationVersion().toStdString());
+    setProperty(database, "collation", collationVersion);
 }
 
 void verifyFile(SQLite::Database &database, const std::string &schema)
@@ -157,15 +170,30 @@ void setEdition(SQLite::Database &database, const std::string &edition)
     setProperty(database, "edition", edition);
 }
 
+bool hasCurrentCollation(SQLite::Database &database)
+{
+    return property(database, "collation") == collationVersion;
+}
+
 void refreshCollation(SQLite::Database &database)
 {
-    const std::string current = collationVersion().toStdString();
-    if (property(database, "collation") == current)
+    if (hasCurrentCollation(database))
         return;
-    SQLite::Transaction transaction(database);
-    database.exec(std::string("reindex ") + collationName);
-    setProperty(database, "collation", current);
-    transaction.commit();
+    try {
+        SQLite::Transaction transaction(database);
+        database.exec(std::string("reindex ") + collationName);
+        setProperty(database, "collation", collationVersion);
+        transaction.commit();
+    } catch (const SQLite::Exception &exception) {
+        const EngineError error(exception);
+        if (error.reason() != EngineError::Reason::ReadOnly)
+            throw;
+        throw EngineError(error.reason(),
+                          QStringLiteral("The database was last used by another version of this "
+                                         "program and has to be brought up to date once, but it "
+                                         "is read-only. Please check that you may write to it "
+                                         "and to its folder."));
+    }
 }
 
 } // namespace dbaccess

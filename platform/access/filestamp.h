@@ -35,6 +35,9 @@ void verifyFile(SQLite::Database &database, const std::string &schema = "main");
 /// @throws EngineError if the user or the password is not the one stored
 void verifyAccount(SQLite::Database &database, const Account &account);
 
+/// Whether the indexes of a file were built under the collation of this program.
+bool hasCurrentCollation(SQLite::Database &database);
+
 /// Rebuilds the indexes of a file whose texts were ordered by another version of the collation.
 /// @throws EngineError if the file can't be written
 void refreshCollation(SQLite::Database &database);

@@ -3,11 +3,10 @@
 
 #include "platform/access/letterfolding.h"
 
-#include <QList>
-#include <QString>
+#include "platform/access/letterdata.h"
 
 #include <algorithm>
-#include <unordered_map>
+#include <optional>
 #include <vector>
 
 namespace dbaccess {
@@ -15,14 +14,15 @@ namespace dbaccess {
 namespace {
 
 // The order of signs, and of the marks below, is that of the Unicode collation's root table
-// (CLDR 42), as far as names, meanings and what people type need it.
-constexpr char16_t signOrder[] =
+// (CLDR 42), as far as names, meanings and what people type need it. Whoever changes anything here
+// raises collationVersion: files are indexed by it.
+constexpr std::u16string_view signOrder =
     u"\t\n\v\f\r\u2028\u2029 _\u2017-\u2010\u2012\u2013\u2014\u2015,;:!\u00a1?\u00bf.\u00b7"
     u"'\u2039\u203a\"\u201c\u201d\u201e\u00ab\u00bb()[]{}\u00a7\u00b6@*/\\&#%\u2030\u2020\u2021"
     u"\u2022\u2032`\u00b4\u02dc^\u00af\u00a8\u00b8\u00b0\u00a9\u00ae+\u00b1\u00f7\u00d7<=>\u00ac"
     u"|\u00a6~\u00a4\u00a2$\u00a3\u00a5\u20ac";
 
-constexpr char16_t markOrder[] =
+constexpr std::u16string_view markOrder =
     u"\u0332\u0313\u0314\u0301\u0300\u0306\u0302\u030c\u030a\u0342\u0308\u030b\u0303\u0307\u0338"
     u"\u0327\u0328\u0304\u0336\u0337\u0335\u0305\u0309\u030f\u0310\u0311\u031b\u0321\u0322\u0323"
     u"\u0324\u0325\u0326\u032d\u032e\u0330\u0331\u0334\u0339\u0345\u0358";
@@ -57,33 +57,23 @@ constexpr WholeLetter wholeLetters[] = {
     {u'\u2018', "'", 1}, {u'\u2019', "'", 2}, {u'\u02bb', "'", 3}, {u'\u02bc', "'", 4},
 };
 
-std::uint8_t markRank(char32_t mark)
+std::uint8_t markRank(char16_t mark)
 {
-    const std::u16string_view order(markOrder);
-    const std::size_t place =
-        mark < 0x10000 ? order.find(static_cast<char16_t>(mark)) : std::u16string_view::npos;
+    const std::size_t place = markOrder.find(mark);
     return place == std::u16string_view::npos
                ? unlistedMark
                : static_cast<std::uint8_t>(firstCombiningMark + place);
 }
 
-std::uint32_t signPrimary(char32_t sign)
+/// The atom of a character without case that is no mark.
+Atom baseAtom(char16_t folded)
 {
-    const std::u16string_view order(signOrder);
-    const std::size_t place =
-        sign < 0x10000 ? order.find(static_cast<char16_t>(sign)) : std::u16string_view::npos;
-    return place == std::u16string_view::npos ? 0 : static_cast<std::uint32_t>(place + 1);
-}
-
-Atom baseAtom(char32_t character)
-{
-    const char32_t folded = QChar::toLower(character);
-    if (folded >= U'a' && folded <= U'z')
-        return {firstLetter + (folded - U'a'), 0, 0};
-    if (folded >= U'0' && folded <= U'9')
-        return {firstDigit + (folded - U'0'), 0, 0};
-    if (const std::uint32_t sign = signPrimary(folded); sign != 0)
-        return {sign, 0, 0};
+    if (folded >= u'a' && folded <= u'z')
+        return {static_cast<std::uint32_t>(firstLetter + folded - u'a'), 0, 0};
+    if (folded >= u'0' && folded <= u'9')
+        return {static_cast<std::uint32_t>(firstDigit + folded - u'0'), 0, 0};
+    if (const std::size_t place = signOrder.find(folded); place != std::u16string_view::npos)
+        return {static_cast<std::uint32_t>(place + 1), 0, 0};
     return {firstOther + folded, 0, 0};
 }
 
@@ -100,62 +90,87 @@ void appendWholeLetter(const WholeLetter &whole, std::vector<Atom> &atoms)
     }
 }
 
-bool isIgnored(char32_t character)
+/// The combining class of a mark; 0 for what is none.
+std::uint8_t combiningClass(char16_t character)
 {
-    const QChar::Category category = QChar::category(character);
-    const bool isSpaceControl = character >= U'\t' && character <= U'\r';
-    return (category == QChar::Other_Control && !isSpaceControl) || category == QChar::Other_Format
-           || character == 0x034f;
+    const auto range = std::ranges::lower_bound(marks, character, {}, &MarkRange::last);
+    return range != marks.end() && range->first <= character ? range->combiningClass : 0;
 }
 
-void appendAtoms(char32_t character, std::vector<Atom> &atoms)
+/// The atom of a character that has been folded already; nothing for one that is ignored.
+std::optional<Atom> atomOf(char16_t folded)
 {
-    if (isIgnored(character))
-        return;
-    const char32_t lower = QChar::toLower(character);
-    const auto *whole = std::find_if(std::begin(wholeLetters), std::end(wholeLetters),
-                                     [lower](const WholeLetter &w) { return w.letter == lower; });
-    if (whole != std::end(wholeLetters)) {
+    const std::uint8_t markClass = combiningClass(folded);
+    if (markClass == ignored)
+        return std::nullopt;
+    return markClass == 0 ? baseAtom(folded) : Atom {0, markRank(folded), markClass};
+}
+
+void appendAtoms(char16_t folded, std::vector<Atom> &atoms)
+{
+    const auto *whole = std::ranges::find(wholeLetters, folded, &WholeLetter::letter);
+    if (whole != std::end(wholeLetters))
         appendWholeLetter(*whole, atoms);
-        return;
-    }
-    // Spacing accents such as "¨" decompose to a blank and a mark, but are signs of their own.
-    const QString parts = QChar::decomposition(character);
-    if (parts.isEmpty() || parts.startsWith(u' ')) {
-        if (const auto combiningClass = QChar::combiningClass(character); combiningClass != 0)
-            atoms.push_back({0, markRank(character), combiningClass});
-        else
-            atoms.push_back(baseAtom(character));
-        return;
-    }
-    for (const char32_t part : parts.toUcs4())
-        appendAtoms(part, atoms);
+    else if (const std::optional<Atom> atom = atomOf(folded))
+        atoms.push_back(*atom);
 }
 
-/// The foldings of the characters that names are made of, worked out once.
+/// The atoms of all that folds to something else, and of the characters that names are made of,
+/// worked out once.
 class FoldTable
 {
 public:
-    static constexpr char32_t size = 0x2100;
-
     FoldTable()
     {
-        m_starts.reserve(size + 1);
-        for (char32_t c = 0; c < size; ++c) {
-            m_starts.push_back(static_cast<std::uint32_t>(m_atoms.size()));
-            appendAtoms(c, m_atoms);
+        auto folding = foldings.begin();
+        for (char16_t c = 0; c < m_starts.size() - 1; ++c) {
+            m_starts[c] = nextStart();
+            if (folding != foldings.end() && folding->character == c)
+                append(*folding++);
+            else
+                appendAtoms(c, m_atoms);
         }
-        m_starts.push_back(static_cast<std::uint32_t>(m_atoms.size()));
+        m_starts.back() = nextStart();
+        for (; folding != foldings.end(); ++folding) {
+            const std::uint32_t start = nextStart();
+            append(*folding);
+            m_rare.push_back({folding->character, start, nextStart()});
+        }
     }
 
-    std::span<const Atom> of(char32_t c) const
+    /// Nothing for a character that the table does not know.
+    std::optional<std::span<const Atom>> find(char32_t c) const
     {
-        return std::span(m_atoms).subspan(m_starts[c], m_starts[c + 1] - m_starts[c]);
+        if (c < m_starts.size() - 1)
+            return between(m_starts[c], m_starts[c + 1]);
+        const auto rare = std::ranges::lower_bound(m_rare, c, {}, &Rare::character);
+        if (rare == m_rare.end() || rare->character != c)
+            return std::nullopt;
+        return between(rare->start, rare->end);
     }
 
 private:
+    struct Rare
+    {
+        char32_t character;
+        std::uint32_t start;
+        std::uint32_t end;
+    };
+
+    std::uint32_t nextStart() const { return static_cast<std::uint32_t>(m_atoms.size()); }
+    std::span<const Atom> between(std::uint32_t start, std::uint32_t end) const
+    {
+        return std::span(m_atoms).subspan(start, end - start);
+    }
+    void append(const Folding &folding)
+    {
+        for (const char16_t folded : std::u16string_view(folding.folded))
+            appendAtoms(folded, m_atoms);
+    }
+
     std::vector<Atom> m_atoms;
-    std::vector<std::uint32_t> m_starts;
+    std::array<std::uint32_t, 0x2151> m_starts {}; ///< those of U+0000 to U+2150
+    std::vector<Rare> m_rare;                      ///< the folded ones beyond
 };
 
 const FoldTable &foldTable()
@@ -168,23 +183,10 @@ std::array<std::uint32_t, 128> makeAsciiPrimaries()
 {
     std::array<std::uint32_t, 128> primaries {};
     for (char32_t c = 0; c < primaries.size(); ++c) {
-        const std::span<const Atom> atoms = foldTable().of(c);
+        const std::span<const Atom> atoms = *foldTable().find(c);
         primaries[c] = atoms.empty() ? 0 : atoms.front().primary;
     }
     return primaries;
-}
-
-/// The atoms of one character: its letters without case, its accents as marks. "É" gives e and an
-/// acute mark, "æ" gives a (with a mark) and e. Control and format characters give nothing.
-std::span<const Atom> foldCharacter(char32_t character)
-{
-    if (character < FoldTable::size)
-        return foldTable().of(character);
-    static thread_local std::unordered_map<char32_t, std::vector<Atom>> rare;
-    const auto [entry, isNew] = rare.try_emplace(character);
-    if (isNew)
-        appendAtoms(character, entry->second);
-    return entry->second;
 }
 
 /// Decodes the first character of a UTF-8 text, which is not empty, and removes it from the text.
@@ -223,6 +225,21 @@ char plainLetter(std::uint32_t primary)
     return isLetter ? static_cast<char>('A' + (primary - firstLetter)) : '\0';
 }
 
+/// The atoms of one character: its letters without case, its accents as marks. "É" gives e and an
+/// acute mark, "æ" gives a (with a mark) and e. Control and format characters give nothing.
+std::span<const Atom> ElementReader::fold(char32_t character)
+{
+    if (const auto known = foldTable().find(character))
+        return *known;
+    const bool isRare = character <= 0xffff; // the others are letters of other scripts
+    const std::optional<Atom> atom =
+        isRare ? atomOf(static_cast<char16_t>(character)) : Atom {firstOther + character, 0, 0};
+    if (!atom)
+        return {};
+    m_unknown = *atom;
+    return std::span(&m_unknown, 1);
+}
+
 bool ElementReader::nextAtom(Atom &atom, bool &startsCharacter)
 {
     if (m_hasAhead) {
@@ -234,7 +251,7 @@ bool ElementReader::nextAtom(Atom &atom, bool &startsCharacter)
     while (m_pending.empty()) {
         if (m_rest.empty())
             return false;
-        m_pending = foldCharacter(takeCharacter(m_rest));
+        m_pending = fold(takeCharacter(m_rest));
         m_pendingStartsCharacter = true;
     }
     atom = m_pending.front();

@@ -45,15 +45,19 @@ class ElementReader
 {
 public:
     explicit ElementReader(std::string_view utf8) : m_rest(utf8) { }
+    ElementReader(const ElementReader &) = delete;
+    ElementReader &operator=(const ElementReader &) = delete;
 
     /// Fills the element and returns true, or returns false at the end of the text.
     bool next(Element &element);
 
 private:
+    std::span<const Atom> fold(char32_t character);
     bool nextAtom(Atom &atom, bool &startsCharacter);
 
     std::string_view m_rest;
     std::span<const Atom> m_pending;
+    Atom m_unknown; ///< that of a character that the table does not have
     bool m_pendingStartsCharacter = true;
     bool m_hasAhead = false;
     bool m_aheadStartsCharacter = true;

@@ -31,19 +31,26 @@ ConnectionString checked(const QString &text)
     return parsed;
 }
 
+/// @param mode  of the engine's, to read or to write
+std::unique_ptr<SQLite::Database> openForAccount(const QString &connectionString, int mode)
+{
+    const ConnectionString parsed = checked(connectionString);
+    auto opened =
+        std::make_unique<SQLite::Database>(parsed.file.toStdString(), mode, busyTimeout);
+    registerFunctions(*opened);
+    verifyFile(*opened);
+    verifyAccount(*opened, {parsed.user, parsed.password});
+    // A file from elsewhere may not make the engine run more than its own statements.
+    opened->exec("pragma trusted_schema = off");
+    return opened;
+}
+
 } // namespace
 
 std::unique_ptr<SQLite::Database> openFile(const QString &connectionString)
 {
-    const ConnectionString parsed = checked(connectionString);
-    auto opened = std::make_unique<SQLite::Database>(parsed.file.toStdString(),
-                                                     SQLite::OPEN_READWRITE, busyTimeout);
+    auto opened = openForAccount(connectionString, SQLite::OPEN_READWRITE);
     SQLite::Database &engine = *opened;
-    registerFunctions(engine);
-    verifyFile(engine);
-    verifyAccount(engine, {parsed.user, parsed.password});
-    // A file from elsewhere may not make the engine run more than its own statements.
-    engine.exec("pragma trusted_schema = off");
     engine.exec("pragma journal_mode = delete");
     engine.exec("pragma synchronous = full");
     engine.exec("pragma temp_store = memory");
@@ -51,6 +58,17 @@ std::unique_ptr<SQLite::Database> openFile(const QString &connectionString)
     engine.exec("pragma cache_size = -32768");
     refreshCollation(engine);
     return opened;
+}
+
+FileState stateOfFile(const QString &connectionString)
+{
+    try {
+        const auto opened = openForAccount(connectionString, SQLite::OPEN_READONLY);
+        return {.edition = QString::fromStdString(edition(*opened)),
+                .hasCurrentCollation = hasCurrentCollation(*opened)};
+    } catch (const SQLite::Exception &exception) {
+        throw EngineError(exception);
+    }
 }
 
 } // namespace dbaccess

@@ -199,6 +199,16 @@ private Q_SLOTS:
         QVERIFY(upgrade::place(shipped.folder(), program).outcome == Outcome::Unchanged);
         QVERIFY(QFile::remove(program % u"/Tovarin.mdb.backup"));
         QCOMPARE(filesOf(program), filesOf(shipped.folder()));
+#ifndef Q_OS_WIN
+        // A link in the place of what a killed start leaves.
+        const QTemporaryDir elsewhere;
+        support::writeFile(elsewhere.filePath(QStringLiteral("mine")), "");
+        support::writeFile(program % u"/help.htm", "a rage");
+        QVERIFY(QFile::link(elsewhere.path(), program % u"/Tovarin.new"));
+        upgrade::place(shipped.folder(), program);
+        QCOMPARE(filesOf(program), filesOf(shipped.folder()));
+        QCOMPARE(filesOf(elsewhere.path()), QStringList(QStringLiteral("mine")));
+#endif
         QCOMPARE(support::readFile(program % u"/help.htm"), QByteArray("a page"));
         QCOMPARE(Opened(program).ticked().size(), 6);
     }
@@ -232,6 +242,38 @@ private Q_SLOTS:
         QVERIFY(refuses());
         QCOMPARE(filesOf(used.folder()), files);
         QCOMPARE(support::readFile(used.file(QStringLiteral("Tovarin.mdb"))), before);
+    }
+
+    /// Made by a version of the program that ordered texts in another way.
+    void filesOfAnotherOrder_areReadFromAndBroughtUpToDate()
+    {
+        constexpr const char *mark =
+            "update sys_properties set content = 'old' where property = 'collation'";
+        const auto shipped = newerFolder();
+        run(shipped.folder(), {mark});
+        const QByteArray before = support::readFile(shipped.file(QStringLiteral("Tovarin.mdb")));
+        {
+            const support::ReadOnlyFolder readOnly(shipped.folder());
+            const auto used = usedFolder(); // by one who may not write to the other
+            run(used.folder(), {mark});
+            const QString database = used.file(QStringLiteral("Tovarin.mdb"));
+            QFile::setPermissions(database, QFile::ReadOwner);
+            try {
+                upgrade::place(shipped.folder(), used.folder());
+                QFAIL("nobody is told");
+            } catch (const upgrade::PlaceError &error) {
+                QVERIFY2(error.text().contains(u"another version of this program"), error.what());
+            }
+            QFile::setPermissions(database, QFile::ReadOwner | QFile::WriteOwner);
+            QVERIFY(upgrade::place(shipped.folder(), used.folder()).outcome
+                    == Outcome::CarriedOver);
+            QCOMPARE(Opened(used.folder()).ticked().size(), 4);
+        }
+        // One who may write to it does not, either.
+        const auto used = usedFolder();
+        upgrade::place(shipped.folder(), used.folder());
+        QCOMPARE(support::readFile(shipped.file(QStringLiteral("Tovarin.mdb"))), before);
+        QCOMPARE(Opened(used.folder()).ticked().size(), 4);
     }
 
     void runningProgram_goesOnWithTheNewDictionary()
