@@ -84,11 +84,11 @@ void clearPage(grid::FlexGrid &page)
 void appendRecords(grid::FlexGrid &page, dbaccess::Recordset &records, std::int16_t pageNumber)
 {
     for (; !records.isAtEnd(); records.moveNext()) {
-        QString line = QString::number(rowNumber(pageNumber, page.rowCount()));
+        QStringList row {QString::number(rowNumber(pageNumber, page.rowCount()))};
         for (const QStringView name : {u"name_first", u"name_desc", u"name_sex", u"org_desc",
                                        u"meaning_name", u"name_select"})
-            line += u'\t' % records.text(name);
-        page.addItem(line);
+            row.append(records.text(name));
+        page.addRow(row);
     }
 }
 
@@ -108,7 +108,7 @@ void copyPage(const grid::FlexGrid &from, grid::FlexGrid &to, const TickPictures
     const grid::RedrawLock lock(&to);
     clearPage(to);
     for (int row = 1; row < from.rowCount(); ++row)
-        to.addItem(from.rowText(row));
+        to.addRow(from.rowTexts(row));
     markTicks(to, tickMark, pictures);
 }
 
@@ -119,7 +119,7 @@ void copyPageReversed(const grid::FlexGrid &from, grid::FlexGrid &to, std::int16
     clearPage(to);
     for (int row = from.rowCount() - 1; row > 0; --row) {
         const int newRow = to.rowCount();
-        to.addItem(from.rowText(row));
+        to.addRow(from.rowTexts(row));
         to.setText(newRow, NumberColumn, QString::number(rowNumber(pageNumber, newRow)));
     }
     markTicks(to, tickMark, pictures);

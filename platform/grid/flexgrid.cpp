@@ -172,12 +172,12 @@ void FlexGrid::removeItem(int row)
     keepCurrentInside();
 }
 
-QString FlexGrid::rowText(int row) const
+QStringList FlexGrid::rowTexts(int row) const
 {
     QStringList texts;
     for (int col = 0; col < columnCount(); ++col)
         texts.append(text(row, col));
-    return texts.join(u'\t');
+    return texts;
 }
 
 bool FlexGrid::isEditable() const

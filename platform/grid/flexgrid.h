@@ -54,8 +54,8 @@ public:
     /// The same from a list, whose texts may have tabs in them.
     void addRow(const QStringList &texts);
     void removeItem(int row);
-    /// The row's texts as addItem() takes them.
-    QString rowText(int row) const;
+    /// The row's texts as addRow() takes them.
+    QStringList rowTexts(int row) const;
 
     /// 0 when no cell is the current one.
     int currentRow() const;

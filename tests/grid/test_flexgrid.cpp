@@ -108,7 +108,7 @@ class TestFlexGrid : public QObject
     {
         QString all;
         for (int row = 0; row < grid().rowCount(); ++row)
-            all += grid().rowText(row).replace(u'\t', u',') + u' ';
+            all += grid().rowTexts(row).join(u',') + u' ';
         return all + QStringLiteral("@%1/%2").arg(grid().currentRow()).arg(grid().currentCol());
     }
 

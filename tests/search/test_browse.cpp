@@ -132,7 +132,7 @@ private Q_SLOTS:
     {
         QCOMPARE(search::resultFormat().size(), 231);
         Tab tab(support::entries({"Anna|B|Hebrew|grace"}));
-        QCOMPARE(tab.page().rowText(0),
+        QCOMPARE(tab.page().rowTexts(0).join(u'\t'),
                  QStringLiteral("No\tFirst Char\tName\tBoy/Girl\tOrigin\tMeaning\tSelect"));
         QCOMPARE(tab.page().columnPixelWidth(search::FirstLetterColumn), 1);
     }

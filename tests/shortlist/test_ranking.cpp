@@ -71,9 +71,9 @@ private Q_SLOTS:
         QCOMPARE(step.result().currentRow(), 1);
         QCOMPARE(step.freeRanks(), lines("02\n04\n05\n06\n07\n08\n09\n10"));
         // The heading of the ranks stands over the first letter, which is not shown.
-        QCOMPARE(step.previous().rowText(0), QStringLiteral("No\tName\tBoy/Girl\tOrigin\tMeaning\t"
+        QCOMPARE(step.previous().rowTexts(0).join(u'\t'), QStringLiteral("No\tName\tBoy/Girl\tOrigin\tMeaning\t"
                                                             "Top 10"));
-        QCOMPARE(step.result().rowText(0), QStringLiteral("No\tName\tBoy/Girl\tOrigin\tMeaning\t"
+        QCOMPARE(step.result().rowTexts(0).join(u'\t'), QStringLiteral("No\tName\tBoy/Girl\tOrigin\tMeaning\t"
                                                           "Top 10\t"));
         QVERIFY(step.result().isColumnHidden(5));
     }

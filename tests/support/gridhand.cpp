@@ -34,7 +34,7 @@ QStringList rows(const grid::FlexGrid &page)
 {
     QStringList texts;
     for (int row = 1; row < page.rowCount(); ++row)
-        texts.append(page.rowText(row).replace(u'\t', u'|'));
+        texts.append(page.rowTexts(row).join(u'|'));
     return texts;
 }
 

@@ -134,7 +134,7 @@ private Q_SLOTS:
         const_cast<Step &>(step).frame.DisplayInitialRecord();
         QCOMPARE(step.rows(), lines("1||Zoë|Marie|Smith||ZMS\n2||Old||||\n3||Nul||||\n"
                                     "4||Anna||||A\n5||Bea||||B\n6||||||"));
-        QCOMPARE(step.grid().rowText(0),
+        QCOMPARE(step.grid().rowTexts(0).join(u'\t'),
                  QStringLiteral("No\tTop 10\tFirst\tMiddle\tLast\tOther Initial\tInitials"));
         QVERIFY(step.grid().isColumnHidden(TopNColumn));
     }
