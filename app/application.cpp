@@ -5,7 +5,6 @@
 
 #include "app/readablestyle.h"
 #include "db/programend.h"
-#include "platform/dialogs/messagebox.h"
 
 #include <QAccessibleWidget>
 #include <QFrame>
@@ -14,22 +13,6 @@
 #include <optional>
 
 namespace {
-
-/// Calls the function; answers the exit code if it threw, else nothing.
-template <typename Function>
-std::optional<int> exitCodeOf(const Function &function)
-{
-    try {
-        function();
-        return std::nullopt;
-    } catch (const ProgramEnd &end) {
-        return end.exitCode;
-    } catch (const std::exception &error) {
-        dialogs::showMessage(QString::fromUtf8(error.what()), dialogs::Icon::Critical,
-                             QStringLiteral("Error"));
-        return 1;
-    }
-}
 
 /// What windows and frames of ours are to screen readers. By itself the toolkit takes a window for
 /// one of the parts that only hold others, and any frame for what on Linux is called a window.
@@ -66,10 +49,7 @@ Application::Application(int &argc, char **argv) : QApplication(argc, argv)
 bool Application::notify(QObject *receiver, QEvent *event)
 {
     bool handled = true;
-    const std::optional<int> exitCode =
-        exitCodeOf([&] { handled = QApplication::notify(receiver, event); });
-    if (exitCode)
-        exit(*exitCode);
+    endOnFailure([&] { handled = QApplication::notify(receiver, event); });
     return handled;
 }
 

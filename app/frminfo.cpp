@@ -214,13 +214,16 @@ void frmInfo::closeEvent(QCloseEvent *event)
         event->ignore();
         return;
     }
-    basDatabase::CloseDatabase();
     event->accept();
-    // A report that is being printed is not left half done.
-    if (m_report && m_report->isPrinting())
-        connect(m_report.get(), &frmPrintTopN::printingEnded, this, &frmInfo::unloaded);
-    else
+    const auto end = [this] {
+        basDatabase::CloseDatabase();
         Q_EMIT unloaded();
+    };
+    // A report that is being printed is not left half done, nor without what it is made of.
+    if (m_report && m_report->isPrinting())
+        connect(m_report.get(), &frmPrintTopN::printingEnded, this, end);
+    else
+        end();
 }
 
 void frmInfo::keyPressEvent(QKeyEvent *event)

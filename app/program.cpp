@@ -5,6 +5,7 @@
 
 #include "app/frminfo.h"
 #include "app/frmsplash.h"
+#include "db/programend.h"
 #include "layout/twips.h"
 #include "platform/browser/browserpane.h"
 #include "reports/frmterms.h"
@@ -29,11 +30,13 @@ void Program::start()
 
 void Program::showMainWindow()
 {
-    m_info = std::make_unique<frmInfo>();
-    connect(m_info.get(), &frmInfo::helpRequested, this, &Program::showHelp);
-    connect(m_info.get(), &frmInfo::termsRequested, this, &Program::showTerms);
-    connect(m_info.get(), &frmInfo::unloaded, this, &Program::end);
-    m_info->show();
+    endOnFailure([this] {
+        m_info = std::make_unique<frmInfo>();
+        connect(m_info.get(), &frmInfo::helpRequested, this, &Program::showHelp);
+        connect(m_info.get(), &frmInfo::termsRequested, this, &Program::showTerms);
+        connect(m_info.get(), &frmInfo::unloaded, this, &Program::end);
+        m_info->show();
+    });
 }
 
 void Program::showTerms()

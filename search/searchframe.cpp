@@ -4,6 +4,7 @@
 #include "search/searchframe.h"
 
 #include "db/basdatabase.h"
+#include "db/programend.h"
 #include "layout/basresize.h"
 #include "platform/dialogs/waitcursor.h"
 #include "platform/grid/flexgrid.h"
@@ -82,10 +83,14 @@ void SearchFrame::setUpResultGrid()
 
 void SearchFrame::setUpPageButtons()
 {
-    connect(m_ui->cmdFirstPage, &QPushButton::clicked, this, &SearchFrame::goToFirstPage);
-    connect(m_ui->cmdPageDown, &QPushButton::clicked, this, &SearchFrame::goToPreviousPage);
-    connect(m_ui->cmdPageUp, &QPushButton::clicked, this, &SearchFrame::goToNextPage);
-    connect(m_ui->cmdLastPage, &QPushButton::clicked, this, &SearchFrame::goToLastPage);
+    const auto turnOnClick = [this](QPushButton *button, void (SearchFrame::*turn)()) {
+        connect(button, &QPushButton::clicked, this,
+                [this, turn] { endOnFailure([this, turn] { (this->*turn)(); }); });
+    };
+    turnOnClick(m_ui->cmdFirstPage, &SearchFrame::goToFirstPage);
+    turnOnClick(m_ui->cmdPageDown, &SearchFrame::goToPreviousPage);
+    turnOnClick(m_ui->cmdPageUp, &SearchFrame::goToNextPage);
+    turnOnClick(m_ui->cmdLastPage, &SearchFrame::goToLastPage);
 }
 
 void SearchFrame::showEvent(QShowEvent *event)
@@ -107,11 +112,13 @@ bool SearchFrame::eventFilter(QObject *watched, QEvent *event)
 
 void SearchFrame::runBrowse(BrowseMode mode)
 {
-    const dialogs::WaitCursor hourglass;
-    if (mode == BrowseMode::Search)
-        SearchRecord();
-    else
-        SearchRecord1();
+    endOnFailure([this, mode] {
+        const dialogs::WaitCursor hourglass;
+        if (mode == BrowseMode::Search)
+            SearchRecord();
+        else
+            SearchRecord1();
+    });
 }
 
 void SearchFrame::InitialiseNameCondition()

@@ -49,7 +49,13 @@ bool isAllowed(const QUrl &url)
     if (url.scheme() != u"file" || !url.host().isEmpty() || thePageFolder.isEmpty())
         return false;
     const QString file = QDir::cleanPath(url.toLocalFile());
-    return QFileInfo(file).path() == thePageFolder;
+    // Of Windows a path may come back in other capitals.
+#ifdef Q_OS_WIN
+    constexpr Qt::CaseSensitivity sensitivity = Qt::CaseInsensitive;
+#else
+    constexpr Qt::CaseSensitivity sensitivity = Qt::CaseSensitive;
+#endif
+    return QFileInfo(file).path().compare(thePageFolder, sensitivity) == 0;
 }
 
 QString fileAddress(const QString &path)
