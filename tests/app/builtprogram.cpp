@@ -59,18 +59,21 @@ QStringList linesOfPilot(const QByteArray &said)
     return lines;
 }
 
+QStringList asOrdinaryUser()
+{
+    return support::isSuperuser()
+               ? QStringList {QStringLiteral("setpriv"), QStringLiteral("--bounding-set=-all")}
+               : QStringList();
+}
+
 void startProgram(QProcess &program, const ProgramFolder &folder, const QString &script,
-                  Start start)
+                  const QStringList &wrapper)
 {
     program.setProcessEnvironment(pilotEnvironment(script));
     program.setReadChannel(QProcess::StandardError);
-    const QString executable = folder.path() % u'/' % upgrade::executableName();
-    // It is still the superuser, but without the rights that go beyond those of a file's owner.
-    if (start == Start::AsOrdinaryUser && support::isSuperuser())
-        program.start(QStringLiteral("setpriv"),
-                      {QStringLiteral("--bounding-set=-all"), executable});
-    else
-        program.start(executable, {});
+    const QStringList command =
+        wrapper + QStringList(folder.path() % u'/' % upgrade::executableName());
+    program.start(command.first(), command.sliced(1));
 }
 
 Run finish(QProcess &program)
@@ -85,9 +88,9 @@ Run finish(QProcess &program)
             linesOfPilot(program.readAllStandardError())};
 }
 
-Run runProgram(const ProgramFolder &folder, const QString &script, Start start)
+Run runProgram(const ProgramFolder &folder, const QString &script, const QStringList &wrapper)
 {
     QProcess program;
-    startProgram(program, folder, script, start);
+    startProgram(program, folder, script, wrapper);
     return finish(program);
 }

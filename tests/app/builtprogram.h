@@ -34,14 +34,14 @@ QProcessEnvironment pilotEnvironment(const QString &script);
 /// What the pilot says, of all that a program writes.
 QStringList linesOfPilot(const QByteArray &said);
 
-enum class Start {
-    AsUsual,
-    AsOrdinaryUser ///< also where a superuser runs the tests, for whom nothing is read-only
-};
+/// A command that starts another one as an ordinary user has it, for whom a read-only file is just
+/// that: for a superuser, without the rights that go beyond those of a file's owner.
+QStringList asOrdinaryUser();
 
 /// Starts the program of a folder with a script for the pilot.
+/// @param wrapper  a command that starts the program; empty for none
 void startProgram(QProcess &program, const ProgramFolder &folder, const QString &script,
-                  Start start = Start::AsUsual);
+                  const QStringList &wrapper = {});
 
 struct Run
 {
@@ -53,4 +53,4 @@ struct Run
 Run finish(QProcess &program);
 
 /// Starts the program and waits for its end.
-Run runProgram(const ProgramFolder &folder, const QString &script, Start start = Start::AsUsual);
+Run runProgram(const ProgramFolder &folder, const QString &script, const QStringList &wrapper = {});

@@ -310,7 +310,7 @@ private Q_SLOTS:
         ProgramFolder folder;
         const QString before = userRows(used(folder));
         support::setWritable(folder.path(), false);
-        const Run run = runProgram(folder, usualPass, Start::AsOrdinaryUser);
+        const Run run = runProgram(folder, usualPass, asOrdinaryUser());
         support::setWritable(folder.path(), true);
         const QString outcome = outcomeOf(run, m_usual);
         support::noteOutcome(QStringLiteral("the folder is read-only"), outcome);

@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -14,6 +15,7 @@
 #include <QTest>
 #include <QTextBrowser>
 #include <QUrl>
+#include <QWindow>
 
 #include <cstdio>
 
@@ -81,6 +83,14 @@ void pick(QTableView *table, int row, int item)
         click(list, list->model()->index(item % list->model()->rowCount(), 0));
 }
 
+void press(const QWidget *widget, const QStringList &keys)
+{
+    for (const QString &name : keys) {
+        const QKeyCombination key = QKeySequence::fromString(name)[0];
+        QTest::keyClick(widget->window()->windowHandle(), key.key(), key.keyboardModifiers());
+    }
+}
+
 /// A text as a script has it: what would end it there, or can't stand there, is written as %xx.
 QString decoded(const QString &text)
 {
@@ -134,6 +144,8 @@ void act(const QString &verb, QWidget *widget, const QString &text)
         qobject_cast<QTabWidget *>(widget)->setCurrentIndex(text.toInt());
     else if (verb == u"type")
         QTest::keyClicks(widget, text);
+    else if (verb == u"press")
+        press(widget, text.split(u' '));
     else if (verb == u"paste")
         paste(widget, decoded(text));
     else if (verb == u"fill")
@@ -215,6 +227,8 @@ bool Pilot::run(const QString &line)
         return false;
     if (verb == u"page")
         return isLoaded(widget);
+    if (verb == u"until")
+        return textOf(widget).startsWith(line.section(u' ', 2));
     // From the event loop, not from the timer: what is done may open a box, and while one is open
     // the timer has to go on.
     QTimer::singleShot(0, widget, [=] { act(verb, widget, line.section(u' ', isTab ? 1 : 2)); });

@@ -18,10 +18,12 @@ namespace pilot {
 ///
 ///   click NAME     clicks a button or a label      close NAME     closes a window
 ///   type NAME TEXT types a text                    enter NAME     presses Enter
+///   press NAME KEY...      presses keys, such as Tab or Ctrl+P, in the window that NAME is in
 ///   paste NAME TEXT        puts a text into a text box by the clipboard
 ///   fill NAME R C TEXT     puts a text into a cell, counted from 0 (rows round after the last one)
 ///                          texts to put have as %xx what a script can't hold
 ///   page NAME              waits until the page of a pane is loaded
+///   until NAME TEXT        waits until its text begins so
 ///   tab N          goes to the tab N, from 0       print NAME     prints its text or row count
 ///   tick NAME N    clicks the tick box of a grid's row, from 0 and round after the last one, and
 ///                  when the click has returned prints "tick: " and the row
