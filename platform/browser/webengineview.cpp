@@ -18,8 +18,22 @@
 
 namespace browser {
 
+namespace {
+
+/// The engine's own connections, such as those that a page only announces, pass by the guard of
+/// requests. So it is told to reach everything through a proxy of a kind that it does not have, the
+/// computer itself included, and that no name has an address: it neither connects nor asks anybody.
+constexpr char withoutNetwork[] =
+    " --disable-quic --proxy-server=quic://127.0.0.1:1 --proxy-bypass-list=<-loopback>"
+    " --host-resolver-rules=\"MAP * ~NOTFOUND\"";
+
+} // namespace
+
 void prepareProcess()
 {
+    // Behind the user's own, so that these hold.
+    constexpr char flags[] = "QTWEBENGINE_CHROMIUM_FLAGS";
+    qputenv(flags, qgetenv(flags).append(withoutNetwork));
     // The browser's sandbox can't work for the superuser, and for nobody else is it given up.
     if (geteuid() == 0)
         qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
@@ -87,18 +101,20 @@ void WebEngineView::showBlank(const BlankDocument &document)
 
 void WebEngineView::setInnerHtml(const QString &html)
 {
-    // A script that comes with inner HTML is dead; a copy of it lives. What the HTML holds may
-    // hide the document's own functions behind names of its elements, so they are got before.
+    // In a template nothing of the HTML is at work yet. What would only refer to other documents
+    // stays there. A script that comes with inner HTML is dead; a copy of it lives.
     static const QString script = QStringLiteral(R"(
         (html => {
-            const body = document.body;
-            const create = document.createElement.bind(document);
-            body.innerHTML = html;
-            for (const dead of body.querySelectorAll('script')) {
-                const living = create('script');
+            const template = document.createElement('template');
+            template.innerHTML = html;
+            for (const reference of template.content.querySelectorAll('link, meta, base, iframe'))
+                reference.remove();
+            for (const dead of template.content.querySelectorAll('script')) {
+                const living = document.createElement('script');
                 living.text = dead.text;
                 dead.replaceWith(living);
             }
+            document.body.replaceChildren(template.content);
         })(...%1))");
     const QByteArray text = QJsonDocument(QJsonArray {html}).toJson(QJsonDocument::Compact);
     m_page->runJavaScript(script.arg(QString::fromUtf8(text)));

@@ -15,7 +15,6 @@
 #include <QTest>
 #include <QTextBrowser>
 #include <QUrl>
-#include <QWindow>
 
 #include <cstdio>
 
@@ -25,6 +24,7 @@ namespace {
 
 constexpr int stepInterval = 1; // milliseconds
 constexpr int patience = 1000;  // milliseconds until an optional line is left out
+constexpr int longWait = 10000; // milliseconds until a line that waits is told
 constexpr QStringView optional = u"maybe ";
 
 void say(const QString &text)
@@ -83,11 +83,14 @@ void pick(QTableView *table, int row, int item)
         click(list, list->model()->index(item % list->model()->rowCount(), 0));
 }
 
-void press(const QWidget *widget, const QStringList &keys)
+void press(QWidget *widget, const QStringList &keys)
 {
+    widget->activateWindow(); // shortcuts are those of the active one
+    while (widget->focusProxy())
+        widget = widget->focusProxy();
     for (const QString &name : keys) {
         const QKeyCombination key = QKeySequence::fromString(name)[0];
-        QTest::keyClick(widget->window()->windowHandle(), key.key(), key.keyboardModifiers());
+        QTest::keyClick(widget, key.key(), key.keyboardModifiers());
     }
 }
 
@@ -187,10 +190,15 @@ void Pilot::step()
     }
     if (!m_waited.isValid())
         m_waited.start();
-    if (isOptional && m_waited.hasExpired(patience))
+    if (isOptional && m_waited.hasExpired(patience)) {
         m_waited.invalidate();
-    else
-        m_script.prepend(line);
+        return;
+    }
+    m_script.prepend(line);
+    if (!m_isStuck && m_waited.hasExpired(longWait)) {
+        m_isStuck = true;
+        say(u"stuck: " % line);
+    }
 }
 
 bool Pilot::answerBox()

@@ -18,7 +18,7 @@ namespace pilot {
 ///
 ///   click NAME     clicks a button or a label      close NAME     closes a window
 ///   type NAME TEXT types a text                    enter NAME     presses Enter
-///   press NAME KEY...      presses keys, such as Tab or Ctrl+P, in the window that NAME is in
+///   press NAME KEY...      presses keys, such as Tab or Ctrl+P
 ///   paste NAME TEXT        puts a text into a text box by the clipboard
 ///   fill NAME R C TEXT     puts a text into a cell, counted from 0 (rows round after the last one)
 ///                          texts to put have as %xx what a script can't hold
@@ -50,6 +50,7 @@ private:
     QStringList m_script;
     bool m_answerYes = false;
     QElapsedTimer m_waited; ///< since the line that comes next was first tried
+    bool m_isStuck = false; ///< a line has waited for long, and has been told
     QTimer m_timer;
 };
 
