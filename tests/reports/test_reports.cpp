@@ -285,7 +285,10 @@ private Q_SLOTS:
         const ReportFolder folder({fullName(u"'Ann','" % planted % u"','','',''")});
         Report report(PrintReportType::Initial);
         const QString title = report.window.windowTitle();
-        QCOMPARE(report.run("document.querySelectorAll('iframe').length").toInt(), 3);
+        QVERIFY(report.tables().size() > 1);
+        QCOMPARE(report.run("document.body.querySelectorAll('link, meta, base, iframe').length")
+                     .toInt(),
+                 0);
         for (int i = 0; i < 6; ++i) {
             const QString script =
                 QStringLiteral("document.querySelectorAll('a, input[type=submit]')[%1].click()");
@@ -297,11 +300,6 @@ private Q_SLOTS:
         QCOMPARE(report.run("document.title").toString(), title);
         QCOMPARE(report.run("[...document.images].filter(i => i.naturalWidth > 0).length").toInt(),
                  1); // the logo
-        QVERIFY(report
-                    .run("[...document.querySelectorAll('iframe')].every(f => !f.contentDocument "
-                         "|| !f.contentDocument.images.length || "
-                         "!f.contentDocument.images[0].naturalWidth)")
-                    .toBool());
         QCOMPARE(report.tables().size(), 2);
         // The empty page is the one that opens without asking; the report comes back.
         QSignalSpy lost(&report.pane(), &browser::BrowserPane::documentLost);
