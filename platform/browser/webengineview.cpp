@@ -60,6 +60,12 @@ WebEngineView::WebEngineView(QWidget *parent)
     setFocusProxy(m_view);
     m_printJob = new PrintJob(m_view);
     connect(m_page, &QWebEnginePage::loadFinished, this, [this] {
+        // The one address that the engine opens without asking. It is through with it only now,
+        // and would lose what comes in its place before.
+        if (m_isBlank && m_page->url() == QUrl(QStringLiteral("about:blank"))) {
+            Q_EMIT documentLost();
+            return;
+        }
         // The part of the view that has the focus; the browser may have made a new one.
         if (QWidget *inner = m_view->focusProxy())
             inner->installEventFilter(this);
@@ -69,11 +75,6 @@ WebEngineView::WebEngineView(QWidget *parent)
     // When the browser has dealt with its loss itself.
     connect(m_page, &QWebEnginePage::renderProcessTerminated, this, &PaneView::documentLost,
             Qt::QueuedConnection);
-    // The one address that the engine opens without asking.
-    connect(m_page, &QWebEnginePage::urlChanged, this, [this](const QUrl &url) {
-        if (m_isBlank && url == QUrl(QStringLiteral("about:blank")))
-            Q_EMIT documentLost();
-    });
     connect(m_page, &QWebEnginePage::printRequested, this, &PaneView::printRequested);
     connect(m_printJob, &PrintJob::started, this, &PaneView::printStarted);
     connect(m_printJob, &PrintJob::finished, this, &PaneView::printFinished);
