@@ -4,6 +4,7 @@
 #include "platform/browser/webbrowserview.h"
 
 #include "platform/browser/browserpane.h"
+#include "platform/browser/localhtml.h"
 #include "platform/browser/pagefolder.h"
 #include "platform/browser/webbrowsercontrol.h"
 
@@ -116,7 +117,9 @@ void WebBrowserView::giveUp()
 
 void WebBrowserView::setInnerHtml(const QString &html)
 {
-    m_control->setInnerHtml(html);
+    // The control asks nobody before it loads a picture, from other machines as well, and would
+    // tell those who is asking.
+    m_control->setInnerHtml(localHtml(html));
 }
 
 void WebBrowserView::print(const QString &)

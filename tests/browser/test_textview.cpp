@@ -4,6 +4,7 @@
 // What is shown where there is no browser, and where pages may lead.
 
 #include "platform/browser/browserpane.h"
+#include "platform/browser/localhtml.h"
 #include "platform/browser/textview.h"
 #include "tests/support/boxes.h"
 #include "tests/support/sampledatabase.h"
@@ -195,6 +196,46 @@ private Q_SLOTS:
         QVERIFY(pdf.contains(QByteArray("/Width ").append(QByteArray::number(picture.width()))));
         printTo(folder.file("none/Report.pdf"));
         QVERIFY(result.outcome == PrintResult::Outcome::Failed && !result.reason.isEmpty());
+    }
+
+    /// For the browser that loads whatever a report names.
+    void localHtml_keepsWhatLoadsNothing_data()
+    {
+        QTest::addColumn<QString>("html");
+        QTest::addColumn<QString>("local");
+        const auto row = [](const char *html, const char *local) {
+            QTest::newRow(html) << QString::fromUtf8(html) << QString::fromUtf8(local);
+        };
+        row("Zo\u00EB <i>&amp;</i> a < b<br/>", "Zo\u00EB <i>&amp;</i> a &lt; b<br>");
+        row("<table border=1 width='9'><tr bgcolor=\"Silver\"><TD>x</TD>",
+            "<table border=\"1\" width=\"9\"><tr bgcolor=\"Silver\"><td>x</td>");
+        row("<input type=button onclick='javascript:window.print()' value='Print'>",
+            "<input type=\"button\" value=\"Print\">");
+        row("<script language='JavaScript1.2'>if (a<b) c</script><p>",
+            "<script language=\"JavaScript1.2\">if (a<b) c</script><p>");
+        row("<img src=\"file://host/share/x.png\">", "<img>");
+        row("<img src='\\\\host\\share\\x.png'><img/src=//host/x>", "<img><img>");
+        row("<img src=\"file:&#47;&#47;host/x.png\" lowsrc=http://host/x>", "<img>");
+        row("<img alt='>' src = file:////host/share/x.png>", "<img>");
+        row("<IMG\nSRC=FOLDER/logo.jpg><input type=image src=FOLDER/logo.jpg>",
+            "<img src=\"FOLDER/logo.jpg\"><input type=\"image\">");
+        row("<td background=http://host/x style=\"background: url(//host/y)\">", "<td>");
+        row("<STYLE>@import '//host/x';</STYLE >a<style>b", "a");
+        row("<!--[if IE]><img src=//host/x><![endif]-->b", "<img>b");
+        row("<?xml:namespace ns=x><link href=//host/x><iframe src='//host/x'>", "<link><iframe>");
+        row("a<b c='", "a");
+    }
+
+    void localHtml_keepsWhatLoadsNothing()
+    {
+        const PageFolder folder;
+        const auto filled = [&](QString text) {
+            return text.replace(QStringLiteral("FOLDER"),
+                                QUrl::fromLocalFile(folder.path()).toString(QUrl::FullyEncoded));
+        };
+        QFETCH(QString, html);
+        QFETCH(QString, local);
+        QCOMPARE(browser::localHtml(filled(html)), filled(local));
     }
 };
 
