@@ -9,7 +9,7 @@ build_packages=(g++ cmake ninja-build ccache qt6-base-dev qt6-webengine-dev libg
 test_packages=(poppler-utils clang libclang-rt-dev strace
     xvfb openbox xdotool dbus at-spi2-core python3-pyatspi)
 # What ./lint takes besides.
-lint_packages=(clang-format clang-tidy shellcheck tidy pyflakes3)
+lint_packages=(clang-format clang-tidy clazy codespell shellcheck tidy pyflakes3 unicode-data)
 
 # What ./package takes besides.
 package_packages=(dpkg-dev file fakeroot patchelf desktop-file-utils appstream man-db lintian)

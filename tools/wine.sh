@@ -4,6 +4,7 @@
 #
 # wine_setup PREFIX          makes the folder if it is not there, and exports what Wine needs
 # wine_for_tests LIBRARIES   lets programs run that are not installed, and off screen
+# wine_ready PROGRAM ...     waits until it runs that one
 # wine_end                   ends what runs in it, and the screen
 
 # The folders that hold the libraries of the compiler.
@@ -46,6 +47,20 @@ wine_for_tests() {
     # Of the environment, Wine keeps what begins with QT_ from its programs.
     wine reg add 'HKCU\Environment' /v QT_QPA_PLATFORM /d offscreen /f >/dev/null 2>&1
     wine_start
+}
+
+# Waits until Wine runs a program to its end. While it still sets itself up, the first programs that
+# are started at once may end without a word.
+wine_ready() {
+    local try said
+    for try in 1 2 3 4 5; do
+        if said=$("$(dirname "${BASH_SOURCE[0]}")/run-with-wine" "$@" 2>&1); then
+            return 0
+        fi
+        echo "Wine is not ready yet ($try): $said" >&2
+        sleep 2
+    done
+    return 1
 }
 
 wine_screen() {

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QCursor>
 #include <QGuiApplication>
 
 namespace dialogs {
