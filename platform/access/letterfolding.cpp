@@ -123,12 +123,12 @@ public:
     FoldTable()
     {
         auto folding = foldings.begin();
-        for (char16_t c = 0; c < m_starts.size() - 1; ++c) {
+        for (char32_t c = 0; c < m_starts.size() - 1; ++c) {
             m_starts[c] = nextStart();
             if (folding != foldings.end() && folding->character == c)
                 append(*folding++);
             else
-                appendAtoms(c, m_atoms);
+                appendAtoms(static_cast<char16_t>(c), m_atoms);
         }
         m_starts.back() = nextStart();
         for (; folding != foldings.end(); ++folding) {
