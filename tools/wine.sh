@@ -2,6 +2,7 @@
 # Sourced by ./windows and tools/try-windows-packages: sets up Wine as the stand-in for Windows, in a
 # folder of its own, on a screen of its own, so that nothing comes up on that of whoever runs this.
 #
+# wine PROGRAM ...           runs a program in it
 # wine_setup PREFIX          makes the folder if it is not there, and exports what Wine needs
 # wine_for_tests LIBRARIES   lets programs run that are not installed, and off screen
 # wine_ready PROGRAM ...     waits until it runs that one
@@ -11,6 +12,14 @@
 compiler_library_folders() {
     dirname "$(x86_64-w64-mingw32-g++-posix -print-file-name=libstdc++-6.dll)"
     echo /usr/x86_64-w64-mingw32/lib
+}
+
+# Runs a program. Where the system puts memory at random, it now and then, of some hundred times, puts
+# the heap where Wine needs a page of its own, and the program does not start.
+wine() {
+    local fixed=(setarch --addr-no-randomize)
+    "${fixed[@]}" true 2>/dev/null || fixed=()
+    "${fixed[@]}" "$(type -P wine)" "$@"
 }
 
 wine_setup() {
@@ -24,7 +33,7 @@ wine_setup() {
     if [ ! -f "$WINEPREFIX/ready" ]; then
         rm -rf "$WINEPREFIX"
         mkdir -p "$WINEPREFIX"
-        wineboot -i >/dev/null 2>&1
+        wine wineboot -i >/dev/null 2>&1
         # It comes up as an older Windows than the program is for.
         wine winecfg -v win10 >/dev/null 2>&1
         for font in "MS Shell Dlg" "MS Shell Dlg 2" "Segoe UI"; do
