@@ -426,6 +426,8 @@ private Q_SLOTS:
             QVERIFY(window.close());
         }
         QCOMPARE(unloaded.size(), 0);
+        // The report may have to be made once more.
+        QVERIFY(!basDatabase::Setting(u"topn").isEmpty());
         dialog->reject();
         QCOMPARE(unloaded.size(), 1);
     }
