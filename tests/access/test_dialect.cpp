@@ -70,7 +70,7 @@ private Q_SLOTS:
         // A pattern's fixed beginning is a range, on text columns only.
         row("select a from t where n like 'An%' and k = 'x'",
             "select a from t where n >= 'An' and n < 'An\U0010ffff' and k = 'x'");
-        row("select a from t where n like \"An%\" and k = \"x\"",
+        row(R"(select a from t where n like "An%" and k = "x")",
             "select a from t where n >= 'An' and n < 'An\U0010ffff' and k = 'x'");
         row("select a from t where n like 'Än%'",
             "select a from t where n like 'Än%' and n >= 'Än' and n < 'Än\U0010ffff' ");

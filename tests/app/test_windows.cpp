@@ -565,6 +565,8 @@ int main(int argc, char *argv[])
     Application app(argc, argv);
     application = &app;
     TestWindows tests;
-    return QTest::qExec(&tests, argc, argv);
+    const int failures = QTest::qExec(&tests, argc, argv);
+    application = nullptr;
+    return failures;
 }
 #include "test_windows.moc"

@@ -208,17 +208,17 @@ private Q_SLOTS:
         };
         row("Zo\u00EB <i>&amp;</i> a < b<br/>", "Zo\u00EB <i>&amp;</i> a &lt; b<br>");
         row("<table border=1 width='9'><tr bgcolor=\"Silver\"><TD>x</TD>",
-            "<table border=\"1\" width=\"9\"><tr bgcolor=\"Silver\"><td>x</td>");
+            R"(<table border="1" width="9"><tr bgcolor="Silver"><td>x</td>)");
         row("<input type=button onclick='javascript:window.print()' value='Print'>",
-            "<input type=\"button\" value=\"Print\">");
+            R"(<input type="button" value="Print">)");
         row("<script language='JavaScript1.2'>if (a<b) c</script><p>",
             "<script language=\"JavaScript1.2\">if (a<b) c</script><p>");
         row("<img src=\"file://host/share/x.png\">", "<img>");
-        row("<img src='\\\\host\\share\\x.png'><img/src=//host/x>", "<img><img>");
+        row(R"(<img src='\\host\share\x.png'><img/src=//host/x>)", "<img><img>");
         row("<img src=\"file:&#47;&#47;host/x.png\" lowsrc=http://host/x>", "<img>");
         row("<img alt='>' src = file:////host/share/x.png>", "<img>");
         row("<IMG\nSRC=FOLDER/logo.jpg><input type=image src=FOLDER/logo.jpg>",
-            "<img src=\"FOLDER/logo.jpg\"><input type=\"image\">");
+            R"(<img src="FOLDER/logo.jpg"><input type="image">)");
         row("<td background=http://host/x style=\"background: url(//host/y)\">", "<td>");
         row("<STYLE>@import '//host/x';</STYLE >a<style>b", "a");
         row("<!--[if IE]><img src=//host/x><![endif]-->b", "<img>b");

@@ -49,7 +49,7 @@ bool run(const QStringList &arguments)
 int main(int argc, char *argv[])
 {
     const QApplication application(argc, argv);
-    const bool isDone = run(application.arguments());
+    const bool isDone = run(QCoreApplication::arguments());
     basDatabase::CloseDatabase();
     return isDone ? 0 : 1;
 }

@@ -164,10 +164,10 @@ std::vector<Entry> RandomWorld::dictionary(int size)
                            word(4)});
     // A name stands once for each origin and sex.
     std::ranges::sort(entries, isBefore);
-    const auto repeated = std::ranges::unique(entries, [](const Entry &a, const Entry &b) {
+    const auto isRepeated = [](const Entry &a, const Entry &b) {
         return isSame(a.name, b.name) && a.sex == b.sex && a.origin == b.origin;
-    });
-    entries.erase(repeated.begin(), repeated.end());
+    };
+    entries.erase(std::unique(entries.begin(), entries.end(), isRepeated), entries.end());
     return entries;
 }
 

@@ -68,7 +68,7 @@ private Q_SLOTS:
               {head + "Anna|G|grace, favour\nANNA|G|grace, favour",
                "3: \"ANNA\" stands twice for this sex"},
               {head + "Berta|G|bright, clear\nAnna|G|grace, favour",
-               "3: \"Anna\" is out of order (\"mkdb sort\" mends it)"},
+               R"(3: "Anna" is out of order ("mkdb sort" mends it))"},
               {head + "Anna|g|grace, favour", "2: the sex \"g\" is neither B nor G"},
               {head + "Anna||grace, favour", "2: the sex \"\" is neither B nor G"},
               {head + "Anna|G|", "2: the meaning is empty"},
@@ -95,7 +95,7 @@ private Q_SLOTS:
               {head + "Anna|G|God is gracious.",
                "2: the meaning \"God is gracious.\" ends with a full stop"},
               {head + "Job|B|uncertain, possibly persecuted\nKim|G|my Cute one",
-               "3: the meaning \"my Cute one\" praises: \"Cute\""}}) {
+               R"(3: the meaning "my Cute one" praises: "Cute")"}}) {
             write("names.tsv", content.isEmpty() ? content : content.replace('|', '\t') + '\n');
             QCOMPARE(dictionary::readFile(path("names.tsv")).problems.join(u'\n').toUtf8(),
                      "names.tsv:" + problem);

@@ -17,6 +17,7 @@
 #include <QUrl>
 
 #include <cstdio>
+#include <utility>
 
 namespace pilot {
 
@@ -169,7 +170,7 @@ void act(const QString &verb, QWidget *widget, const QString &text)
 
 } // namespace
 
-Pilot::Pilot(const QStringList &script) : m_script(script)
+Pilot::Pilot(QStringList script) : m_script(std::move(script))
 {
     // A box may be the first thing to be seen.
     while (m_script.value(0).startsWith(u"answer "))

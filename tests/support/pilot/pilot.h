@@ -39,7 +39,7 @@ class Pilot final : public QObject
     Q_OBJECT
 
 public:
-    explicit Pilot(const QStringList &script);
+    explicit Pilot(QStringList script);
 
 private:
     void step();
