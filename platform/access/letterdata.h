@@ -8,8 +8,8 @@
 
 namespace dbaccess {
 
-/// What a character is without its case and taken apart: "\u00c9" is e and an acute accent, the sign
-/// for "No." the letters n and o.
+/// What a character is without its case and taken apart: "\u00c9" is e and an acute accent, the
+/// sign for "No." the letters n and o.
 struct Folding
 {
     char16_t character;
