@@ -1,6 +1,7 @@
 # shellcheck shell=bash
 # Sourced by ./windows and tools/try-windows-packages: sets up Wine as the stand-in for Windows, in a
 # folder of its own, on a screen of its own, so that nothing comes up on that of whoever runs this.
+# Takes tools/screen.sh.
 #
 # wine PROGRAM ...           runs a program in it
 # wine_setup PREFIX          makes the folder if it is not there, and exports what Wine needs
@@ -29,7 +30,7 @@ wine_setup() {
     export LC_ALL=C.UTF-8
     # Neither of the two that Wine would like to download: the page engine, and .NET.
     export WINEDLLOVERRIDES="mscoree,mshtml="
-    wine_screen
+    screen_start
     if [ ! -f "$WINEPREFIX/ready" ]; then
         rm -rf "$WINEPREFIX"
         mkdir -p "$WINEPREFIX"
@@ -72,15 +73,6 @@ wine_ready() {
     return 1
 }
 
-wine_screen() {
-    local number
-    exec 3< <(exec Xvfb -displayfd 1 -screen 0 1280x1024x24 2>/dev/null)
-    wine_screen_process=$!
-    read -r number <&3
-    export DISPLAY=:$number
-    openbox >/dev/null 2>&1 &
-}
-
 # What Wine runs in the background would else hold on to the output of whoever needs it first.
 wine_start() {
     wine_stop # it may know of another screen or environment
@@ -100,5 +92,5 @@ wine_stop() {
 
 wine_end() {
     wine_stop
-    [ -z "${wine_screen_process:-}" ] || kill "$wine_screen_process" 2>/dev/null || true
+    screen_end
 }
