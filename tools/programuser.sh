@@ -29,11 +29,9 @@ wide_window() {
     return 1
 }
 window() { within 60 wide_window "$1" "$2"; }
+has_windows() { [ "$(xdotool search --onlyvisible --name Tovarin 2>/dev/null | wc -l)" = "$1" ]; }
 # Whether nothing has come up beside the window; a message would have.
-only_window() {
-    sleep 1
-    [ "$(xdotool search --onlyvisible --name Tovarin | wc -l)" = 1 ]
-}
+only_window() { sleep 1 && has_windows 1; }
 click() {
     xdotool mousemove --window "$win" "$1" "$2" click 1
     sleep 0.5
@@ -71,9 +69,9 @@ end_session() {
     fi
 }
 leave() {
-    # The question whether to leave has the same title.
-    xdotool windowclose "$win"
-    window '^Tovarin Names Dictionary' 100 && press alt+y && within 30 has_no_window Tovarin
+    press alt+F4
+    # Whether to leave?
+    within 30 has_windows 2 && press alt+y && within 30 has_no_window Tovarin
 }
 leave_program() {
     check "the program ends when it is left" leave
