@@ -4,7 +4,7 @@
 
 import pyatspi
 
-from reader import has, label_of, name_of, on_screen, whole
+from reader import has, label_of, name_of, on_screen, role_of, whole
 
 # What the focus can be on, but for the parts that only hand it on.
 CONTROLS = {"push button", "radio button", "check box", "combo box", "text", "table", "list",
@@ -23,46 +23,46 @@ def parts_are_named(reader):
 
 def look_at_parts(reader):
     for part in on_screen(reader.app):
-        if part.getRoleName() == "application":
+        if role_of(part) == "application":
             continue
-        role, place = part.getRoleName(), f"in the {part.parent.getRoleName()} “{part.parent.name}”"
+        role, place = role_of(part), f"in the {role_of(part.parent)} “{part.parent.name}”"
         if role == "table column header":
             check(part.name.strip(), f"a column without a heading {place}")
         if role == "frame":
-            check(part.parent.getRoleName() == "application", f"a window {place}: “{part.name}”")
+            check(role_of(part.parent) == "application", f"a window {place}: “{part.name}”")
         if not has(part, pyatspi.STATE_FOCUSABLE) or is_in_message(part):
             continue
         check(name_of(part).strip() or is_cell(part), f"a {role} without a name {place}")
         check(role in CONTROLS or role == "filler", f"the focus can be on the {role} “{part.name}”")
-        if role == "combo box" or (role == "text" and part.parent.getRoleName() != "combo box"):
+        if role == "combo box" or (role == "text" and role_of(part.parent) != "combo box"):
             check(label_of(part), f"the {role} “{part.name}” has no label")
     return True
 
 
 def is_in_message(part):
-    return part.parent.getRoleName() == "alert"
+    return role_of(part.parent) == "alert"
 
 
 def is_cell(part):
     """An empty cell has nothing to say."""
-    return part.getRoleName() == "table cell"
+    return role_of(part) == "table cell"
 
 
 def stop_of(part):
     """Where Tab is when a part has the focus: in a grid or list as a whole, not on a row of it."""
-    role = part.getRoleName()
+    role = role_of(part)
     if role in ("table cell", "list item", "page tab"):
         part = part.parent
-    return part.getRoleName(), name_of(part)
+    return role_of(part), name_of(part)
 
 
 def stops_in_tree(reader):
     """What Tab has to reach, by the tree: of radio buttons the one that is checked."""
     stops = set()
     for part in on_screen(reader.app):
-        role = part.getRoleName()
+        role = role_of(part)
         is_inside = role in ("table cell", "list item", "page tab") or (
-            role == "text" and part.parent.getRoleName() == "combo box")
+            role == "text" and role_of(part.parent) == "combo box")
         is_unchecked = role == "radio button" and not has(part, pyatspi.STATE_CHECKED)
         if (role in CONTROLS and has(part, pyatspi.STATE_FOCUSABLE)
                 and has(part, pyatspi.STATE_SENSITIVE) and not is_inside and not is_unchecked):
@@ -101,7 +101,7 @@ def tab_goes_round(reader):
 def tab_goes_through_page(reader, page):
     """Tab reaches each link of a page, and leaves it at its end; Shift+Tab at its beginning."""
     links = reader.wait("the links", lambda: {
-        part.name for part in whole(page) if part.getRoleName() == "link"})
+        part.name for part in whole(page) if role_of(part) == "link"})
     for key in ("Tab", "shift+Tab"):
         reader.was_focused.clear()
         is_inside = False
@@ -125,8 +125,8 @@ def page_is_read(reader, title, heading):
     def has_come():
         # Anew each time: while it is loaded, one document takes the place of another.
         page = reader.find("document web", title)
-        headings = [part.name for part in whole(page) if part.getRoleName() == "heading"]
-        texts = [part.name for part in whole(page) if part.getRoleName() == "label"]
+        headings = [part.name for part in whole(page) if role_of(part) == "heading"]
+        texts = [part.name for part in whole(page) if role_of(part) == "label"]
         return heading in headings and max(map(len, texts), default=0) > len(heading) and page
     return reader.wait(f"“{title}” with the heading “{heading}” and its text", has_come)
 

@@ -37,7 +37,7 @@ class Reader:
 
     def _hear(self, event):
         try:
-            what = (event.source.getRoleName(), event.source.name)
+            what = (role_of(event.source), event.source.name)
         except GLib.Error:
             return  # it has gone already
         if not event.type.startswith("object:state-changed:focused"):
@@ -75,7 +75,7 @@ class Reader:
     def find(self, role, name=None, root=None):
         """The first part of that role on the screen, of that name or one that begins with it."""
         def fits(part):
-            return part.getRoleName() == role and (name is None or part.name.startswith(name))
+            return role_of(part) == role and (name is None or part.name.startswith(name))
         return next((part for part in on_screen(root or self.app) if fits(part)), None)
 
     def expect(self, role, name=None, root=None):
@@ -85,7 +85,7 @@ class Reader:
         """Waits until the focus is on a part of that role and name."""
         def has_come():
             focus = self.focus
-            return (focus is not None and focus.getRoleName() == role
+            return (focus is not None and role_of(focus) == role
                     and (name is None or name_of(focus).startswith(name)))
         self.wait(f"the focus on the {role} “{name}”", has_come)
         return self.focus
@@ -112,7 +112,7 @@ def parts(root, is_wanted):
         child = root[index]
         if child is None or not is_wanted(child):
             continue
-        if child.getRoleName() != "table":
+        if role_of(child) != "table":
             yield from parts(child, is_wanted)
             continue
         yield child
@@ -123,12 +123,18 @@ def parts(root, is_wanted):
 
 def on_screen(root):
     return parts(root, lambda part: has(part, pyatspi.STATE_SHOWING)
-                 or part.getRoleName() == "application")
+                 or role_of(part) == "application")
 
 
 def whole(page):
     """All of a page, also what would have to be scrolled to."""
     return parts(page, lambda part: True)
+
+
+def role_of(part):
+    """What a part is. Later versions of the library call a push button a button."""
+    role = part.getRoleName()
+    return "push button" if role == "button" else role
 
 
 def has(part, state):
@@ -159,7 +165,7 @@ def cell(grid, row, column):
 
 def describe(part):
     try:
-        return "nothing" if part is None else f"the {part.getRoleName()} “{name_of(part)}”"
+        return "nothing" if part is None else f"the {role_of(part)} “{name_of(part)}”"
     except GLib.Error:
         return "something that has gone"
 
@@ -170,7 +176,7 @@ def dump(part, depth=0):
         states = [pyatspi.stateToString(state) for state in part.getState().getStates()
                   if state in (pyatspi.STATE_FOCUSED, pyatspi.STATE_CHECKED, pyatspi.STATE_ENABLED)]
         print("  " * depth + describe(part), *states)
-        is_table = part.getRoleName() == "table"
+        is_table = role_of(part) == "table"
         for child in () if is_table else [part[i] for i in range(part.childCount)]:
             if depth == 0 or (child is not None and has(child, pyatspi.STATE_SHOWING)):
                 dump(child, depth + 1)
