@@ -44,6 +44,7 @@ system_mirror() {
     # shellcheck source=/dev/null
     id=$(. /etc/os-release && echo "$ID ${VERSION_CODENAME:-}")
     if [ "${id% *}" = debian ]; then
+        # shellcheck disable=SC2016  # apt fills these in
         apt-get indextargets --format '$(REPO_URI) $(RELEASE)' 'Created-By: Packages' \
             | awk -v suite="${id#* }" '$2 == suite { print $1; exit }'
     fi
