@@ -56,6 +56,15 @@ endif()
 foreach(library ${needed} ${loaded})
     file(COPY ${library} DESTINATION ${folder}/lib FOLLOW_SYMLINK_CHAIN)
     list(APPEND from ${library})
+    # One that looks for others in a place of its own would not look here.
+    file(REAL_PATH ${library} real)
+    get_filename_component(name ${real} NAME)
+    execute_process(COMMAND patchelf --print-rpath ${folder}/lib/${name}
+        OUTPUT_VARIABLE place OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+    if(place)
+        execute_process(COMMAND patchelf --remove-rpath ${folder}/lib/${name}
+            COMMAND_ERROR_IS_FATAL ANY)
+    endif()
 endforeach()
 
 # Libraries are found from where the program, its launcher and the browser's helper lie.
