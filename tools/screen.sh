@@ -12,7 +12,9 @@
 
 screen_start() {
     local from number
-    exec {from}< <(exec Xvfb -displayfd 1 -screen 0 1280x1024x24 -nolisten tcp 2>/dev/null)
+    # It also ends when the script is killed.
+    exec {from}< <(exec setpriv --pdeathsig TERM \
+        Xvfb -displayfd 1 -screen 0 1280x1024x24 -nolisten tcp 2>/dev/null)
     screen_process=$!
     read -r -u "$from" number
     export DISPLAY=:$number
