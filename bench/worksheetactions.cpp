@@ -50,7 +50,7 @@ public:
     {
         QTimer::singleShot(0, &m_window, [] {
             auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-            box->buttons().first()->click();
+            box->buttons().constFirst()->click();
         });
         m_window.findChild<QAbstractButton *>(QLatin1String(button))->click();
         QCoreApplication::processEvents();

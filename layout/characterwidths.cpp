@@ -15,8 +15,8 @@ bool CharacterWidths::surelyFits(QStringView text, int pixels)
     for (const QChar c : text) {
         if (c == u'\n' || c == u'\r')
             return false;
-        auto known = m_widths.constFind(c);
-        if (known == m_widths.cend())
+        auto known = m_widths.find(c);
+        if (known == m_widths.end())
             known = m_widths.insert(c, m_metrics.horizontalAdvance(c));
         width += *known;
         if (width > pixels)

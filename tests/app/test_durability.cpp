@@ -250,7 +250,8 @@ private Q_SLOTS:
             // The click that was under way may have come through or not.
             const Names ticked = file.ticked();
             const Names differing = (ticked - work.ticked) + (work.ticked - ticked);
-            QVERIFY2(differing.size() <= 1, qPrintable(differing.values().join(u'\n')));
+            QVERIFY2(differing.size() <= 1,
+                     qPrintable(QStringList(differing.begin(), differing.end()).join(u'\n')));
             work.ticked = ticked;
             // So may the two statements of a save.
             const Names shortlist = file.shortlist();

@@ -375,7 +375,7 @@ private Q_SLOTS:
 
         // Without its rank a name is gone from the worksheet, too.
         rank("msfPrevTopN", 1, 5, 8);
-        QCOMPARE(support::rows(grid("msfResult")).last(),
+        QCOMPARE(support::rows(grid("msfResult")).constLast(),
                  QStringLiteral("3|Élodie|G|French|form of Alodia||--"));
         reader.take();
         click("cmdNext");
