@@ -100,7 +100,8 @@ constexpr char16_t longS = 0x017f;
 /// is one of its own.
 QString folded(const Characters &characters, char16_t c)
 {
-    const Character character = characters.value(c, Character {.category {}, .parts {}, .lower = c});
+    const Character character =
+        characters.value(c, Character {.category {}, .parts {}, .lower = c});
     if (isIgnored(c, character))
         return {};
     if (c == longS || character.parts.isEmpty() || character.parts.first() == u' ')
@@ -114,8 +115,8 @@ QString folded(const Characters &characters, char16_t c)
 /// A character as it stands in a literal: plain letters and digits as such.
 QString literal(char16_t c)
 {
-    const bool isPlain = (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z')
-                         || (c >= u'0' && c <= u'9');
+    const bool isPlain =
+        (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || (c >= u'0' && c <= u'9');
     return isPlain ? QString(QChar(c)) : QStringLiteral("\\u%1").arg(uint(c), 4, 16, QChar(u'0'));
 }
 
@@ -188,27 +189,26 @@ QStringList ranges(const Characters &characters, const Value &valueOf)
 
 QByteArray letterData(const QByteArray &unicodeData, const QString &version)
 {
-        const Characters characters = readCharacters(unicodeData);
+    const Characters characters = readCharacters(unicodeData);
     const QStringList marks = ranges(characters, [](char16_t c, const Character &character) {
         return isIgnored(c, character) ? dbaccess::ignored : character.combiningClass;
     });
-    const QString text =
-        u"// SPDX-FileCopyrightText: 2026 The Tovarin developers\n"
-        u"// SPDX-License-Identifier: MIT\n\n"
-        u"// Made by \"mkdb letters\" from the data of Unicode "
-        % version
-        % u". Files are indexed by the order of texts:\n"
-          u"// whoever changes it raises the version of the collation.\n\n"
-          u"#include \"platform/access/letterdata.h\"\n\n"
-          u"namespace dbaccess {\n\nnamespace {\n\n"
-          u"// clang-format off\n\n"
-          u"constexpr Folding allFoldings[] = {\n"
-        % inLines(foldings(characters)) % u"};\n\nconstexpr MarkRange allMarks[] = {\n"
-        % inLines(marks)
-        % u"};\n\n// clang-format on\n\n} // namespace\n\n"
-          u"constinit const std::span<const Folding> foldings = allFoldings;\n"
-          u"constinit const std::span<const MarkRange> marks = allMarks;\n\n"
-          u"} // namespace dbaccess\n";
+    const QString text = u"// SPDX-FileCopyrightText: 2026 The Tovarin developers\n"
+                         u"// SPDX-License-Identifier: MIT\n\n"
+                         u"// Made by \"mkdb letters\" from the data of Unicode "
+                         % version
+                         % u". Files are indexed by the order of texts:\n"
+                           u"// whoever changes it raises the version of the collation.\n\n"
+                           u"#include \"platform/access/letterdata.h\"\n\n"
+                           u"namespace dbaccess {\n\nnamespace {\n\n"
+                           u"// clang-format off\n\n"
+                           u"constexpr Folding allFoldings[] = {\n"
+                         % inLines(foldings(characters))
+                         % u"};\n\nconstexpr MarkRange allMarks[] = {\n" % inLines(marks)
+                         % u"};\n\n// clang-format on\n\n} // namespace\n\n"
+                           u"constinit const std::span<const Folding> foldings = allFoldings;\n"
+                           u"constinit const std::span<const MarkRange> marks = allMarks;\n\n"
+                           u"} // namespace dbaccess\n";
     return text.toUtf8();
 }
 

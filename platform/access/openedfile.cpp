@@ -35,8 +35,7 @@ ConnectionString checked(const QString &text)
 std::unique_ptr<SQLite::Database> openForAccount(const QString &connectionString, int mode)
 {
     const ConnectionString parsed = checked(connectionString);
-    auto opened =
-        std::make_unique<SQLite::Database>(parsed.file.toStdString(), mode, busyTimeout);
+    auto opened = std::make_unique<SQLite::Database>(parsed.file.toStdString(), mode, busyTimeout);
     registerFunctions(*opened);
     verifyFile(*opened);
     verifyAccount(*opened, {parsed.user, parsed.password});

@@ -105,16 +105,6 @@ QString print(const QString &pdf)
         .arg(pdf);
 }
 
-/// The lines of a pilot's script that print a report, follow all its links, and print it again:
-/// then the page has dealt with everything.
-QString useReport(const ProgramFolder &folder, const QString &button, int links)
-{
-    return u"click " % button % u";page WebBrowser1;"
-           % print(folder.file("%1-before.pdf").arg(button))
-           % QStringLiteral("press WebBrowser1 Tab Return;").repeated(links)
-           % print(folder.file("%1-after.pdf").arg(button)) % u"press WebBrowser1 Escape;";
-}
-
 } // namespace
 
 class TestNetwork : public QObject
@@ -134,28 +124,40 @@ private Q_SLOTS:
         QCOMPARE(trace.callsToNetwork().size(), 1);
     }
 
+    void wholePass_connectsToNobody_data()
+    {
+        QTest::addColumn<QString>("toReport");
+        QTest::addColumn<int>("links");
+        QTest::newRow("ranking") << QStringLiteral("click cmdPrintTopN;")
+                                 << 2 * addressCount * linkCount;
+        QTest::newRow("full names")
+            << QStringLiteral("click cmdNext;click cmdPrintInitial;") << addressCount * linkCount;
+    }
+
     void wholePass_connectsToNobody()
     {
+        QFETCH(QString, toReport);
+        QFETCH(int, links);
         const ProgramFolder folder;
         plant(folder);
         // Where no print system is installed, its library would look for one on the port that it
         // has on this computer.
         qputenv("CUPS_SERVER", "/run/cups/cups.sock");
         const Trace trace;
+        // When the report is printed again, the page has dealt with all links. The last ones are
+        // left alone: the stop behind them is the page's own button.
         const QString script =
             QStringLiteral("answer yes;click lblTerms;page WebBrowser1;close frmTerms;click cmdOK;"
                            "page dhtmThings;tab 1;page dhtmPopular;tab 2;click cmdSearch;"
                            "tick msSearchList 0;tab 4;page dhtmHelp;tab 5;page dhtmlAbout;tab 3;")
-            % useReport(folder, QStringLiteral("cmdPrintTopN"), 2 * addressCount * linkCount)
-            % u"click cmdNext;"
-            % useReport(folder, QStringLiteral("cmdPrintInitial"), addressCount * linkCount)
-            % u"close frmInfo";
+            % toReport % u"page WebBrowser1;" % print(folder.file("before.pdf"))
+            % QStringLiteral("press WebBrowser1 Tab Return;").repeated(links - 3)
+            % print(folder.file("after.pdf")) % u"close frmInfo";
         QProcess program;
         startProgram(program, folder, script, trace.command());
         const Run run = finish(program);
         QCOMPARE(run.exitCode, 0);
-        for (const char *pdf : {"cmdPrintTopN-after.pdf", "cmdPrintInitial-after.pdf"})
-            QVERIFY(folder.content(pdf).startsWith("%PDF"));
+        QVERIFY(folder.content("after.pdf").startsWith("%PDF"));
         QVERIFY(trace.hasSeenAnything());
         QCOMPARE(trace.callsToNetwork().join(u'\n'), QString());
     }

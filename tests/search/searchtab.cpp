@@ -156,12 +156,11 @@ QString RandomWorld::word(int longest)
 
 std::vector<Entry> RandomWorld::dictionary(int size)
 {
+    const QStringList origins {QStringLiteral("Irish"), QStringLiteral("Côte d'Or"),
+                               QStringLiteral("côte D'Or 2")};
     std::vector<Entry> entries;
     for (int i = 0; i < size; ++i)
-        entries.push_back({word(3), below(2) ? u'B' : u'G',
-                           QStringList({QStringLiteral("Irish"), QStringLiteral("Côte d'Or"),
-                                        QStringLiteral("côte D'Or 2")})[below(3)],
-                           word(4)});
+        entries.push_back({word(3), below(2) ? u'B' : u'G', origins[below(3)], word(4)});
     // A name stands once for each origin and sex.
     std::ranges::sort(entries, isBefore);
     const auto isRepeated = [](const Entry &a, const Entry &b) {

@@ -71,10 +71,12 @@ private Q_SLOTS:
         QCOMPARE(step.result().currentRow(), 1);
         QCOMPARE(step.freeRanks(), lines("02\n04\n05\n06\n07\n08\n09\n10"));
         // The heading of the ranks stands over the first letter, which is not shown.
-        QCOMPARE(step.previous().rowTexts(0).join(u'\t'), QStringLiteral("No\tName\tBoy/Girl\tOrigin\tMeaning\t"
-                                                            "Top 10"));
-        QCOMPARE(step.result().rowTexts(0).join(u'\t'), QStringLiteral("No\tName\tBoy/Girl\tOrigin\tMeaning\t"
-                                                          "Top 10\t"));
+        QCOMPARE(step.previous().rowTexts(0).join(u'\t'),
+                 QStringLiteral("No\tName\tBoy/Girl\tOrigin\tMeaning\t"
+                                "Top 10"));
+        QCOMPARE(step.result().rowTexts(0).join(u'\t'),
+                 QStringLiteral("No\tName\tBoy/Girl\tOrigin\tMeaning\t"
+                                "Top 10\t"));
         QVERIFY(step.result().isColumnHidden(5));
     }
 
@@ -118,7 +120,7 @@ private Q_SLOTS:
         unrank(step, 1);
         QCOMPARE(width(step.previous(), previousRank), wide);
         QCOMPARE(width(step.result(), rank), narrow);
-        QCOMPARE(rows(step.result()).last(), QStringLiteral("16|RA|B|Irish|one||--"));
+        QCOMPARE(rows(step.result()).constLast(), QStringLiteral("16|RA|B|Irish|one||--"));
         // Names that are ranked do not count.
         step.frame.setMaxSelect(QStringLiteral("3"));
         basDatabase::ExecuteSQL(QStringLiteral("update tbltopn set t10_name = 'A' where t10_name = "
@@ -155,7 +157,7 @@ private Q_SLOTS:
         const int height = step.previous().rowPixelHeight(1);
         unrank(step, 1);
         QCOMPARE(rows(step.previous()), lines("1|Noah|B|Hebrew|rest|03"));
-        QCOMPARE(rows(step.result()).last(), QString(u"5|Anna|G|Irish|" % meaning % u"||--"));
+        QCOMPARE(rows(step.result()).constLast(), QString(u"5|Anna|G|Irish|" % meaning % u"||--"));
         QCOMPARE(step.result().rowPixelHeight(4), height);
         step.goOn();
         QCOMPARE(reader.boxes(), std::vector {unsaved()});
@@ -232,7 +234,7 @@ private Q_SLOTS:
         QCOMPARE(rows(step.previous()).at(1),
                  QStringLiteral("2|O'Neil|B|Côte d'Or|champion of the horses|02"));
         QCOMPARE(rows(step.result()), lines("1|Anna|G|Hebrew|grace|A|--\n2|Zoë|G|Greek|life|Z|--"));
-        QCOMPARE(step.freeRanks().first(), QStringLiteral("04"));
+        QCOMPARE(step.freeRanks().constFirst(), QStringLiteral("04"));
         QCOMPARE(step.next.size(), 1);
         step.goOn();
         QCOMPARE(step.next.size(), 2);
@@ -337,7 +339,7 @@ private Q_SLOTS:
             return shortlist::ranksUpTo(QLatin1String(topN));
         };
         QCOMPARE(ranks("3"), lines("01\n02\n03"));
-        QCOMPARE(ranks("100").last(), QStringLiteral("100"));
+        QCOMPARE(ranks("100").constLast(), QStringLiteral("100"));
         QCOMPARE(ranks("-1") + ranks("0") + ranks(""), QStringList());
         QCOMPARE(ranks("9999999999").size(), 32767);
     }

@@ -58,7 +58,7 @@ void BoxReader::answerOpenBox()
     QAbstractButton *button = box->button(m_answer);
     (button                 ? button
      : box->defaultButton() ? box->defaultButton()
-                            : box->buttons().first())
+                            : box->buttons().constFirst())
         ->click();
 }
 

@@ -61,7 +61,7 @@ private Q_SLOTS:
         const QByteArray head = "# Origin: Irish\n";
         const QByteArray longName(41, 'a');
         // "|" stands for a tab.
-        for (auto [content, problem] :
+        for (const auto &[lines, problem] :
              {std::pair(QByteArray(), QByteArray("1: the file is empty")),
               {"Anna", "1: the first line has to be \"# Origin: \" and the origin's name"},
               {"# Origin: \nAnna|G|grace, favour", "1: the origin is empty"},
@@ -96,6 +96,7 @@ private Q_SLOTS:
                "2: the meaning \"God is gracious.\" ends with a full stop"},
               {head + "Job|B|uncertain, possibly persecuted\nKim|G|my Cute one",
                R"(3: the meaning "my Cute one" praises: "Cute")"}}) {
+            QByteArray content = lines;
             write("names.tsv", content.isEmpty() ? content : content.replace('|', '\t') + '\n');
             QCOMPARE(dictionary::readFile(path("names.tsv")).problems.join(u'\n').toUtf8(),
                      "names.tsv:" + problem);

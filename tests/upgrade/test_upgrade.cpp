@@ -325,7 +325,7 @@ private Q_SLOTS:
             const Opened database(used.folder());
             QCOMPARE(database.rows("pragma integrity_check"), QStringList(QStringLiteral("ok")));
             QCOMPARE(database.rows("select * from tblresult").size(), 9);
-            const int names = database.rows("select count(*) from tblmaster").first().toInt();
+            const int names = database.rows("select count(*) from tblmaster").constFirst().toInt();
             QVERIFY(names == 8000 || names == 7900);
             QCOMPARE(database.ticked().size(), names / 10);
             if (names == 8000)

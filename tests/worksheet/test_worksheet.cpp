@@ -161,7 +161,7 @@ private Q_SLOTS:
         QCOMPARE(offered(step.grid()), lines(" \nAnna\nAnna\nBea\nEva"));
         support::choose(step.grid(), 4);
         // The initials follow when another part of the name is edited; then a new row comes, too.
-        QCOMPARE(step.rows().last(), QStringLiteral("5||Eva||||"));
+        QCOMPARE(step.rows().constLast(), QStringLiteral("5||Eva||||"));
         step.grid().setCurrentCell(5, LastColumn);
         step.type("Ng\n");
         QCOMPARE(step.rows().sliced(4), lines("5||Eva||Ng||EN\n6||||||"));

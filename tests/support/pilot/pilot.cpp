@@ -209,7 +209,7 @@ bool Pilot::answerBox()
         return false;
     say(u"box: [" % box->windowTitle() % u"] " % box->text());
     QAbstractButton *button = box->button(m_answerYes ? QMessageBox::Yes : QMessageBox::No);
-    (button ? button : box->buttons().first())->click();
+    (button ? button : box->buttons().constFirst())->click();
     return true;
 }
 
