@@ -12,8 +12,9 @@
 
 systems=${TOVARIN_SYSTEMS_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/tovarin-systems}
 declare -rA codenames=([12]=bookworm [13]=trixie)
-# Where the clone is, as the system sees it: like many a folder of users, with a blank.
-readonly clone="/home/parent/my tovarin"
+# Where the clone is, as the system sees it: like many a folder of users, with a blank. Not in the
+# home of one of them, which the others, a superuser without all the rights included, may not enter.
+readonly clone="/srv/my tovarin"
 
 # Makes the mounts, goes there and runs the command. All of it happens in a namespace of its own, so
 # that the mounts are gone with the last process, however that ends, and nobody else ever sees them.
