@@ -7,11 +7,13 @@
 # system_remove FOLDER                    removes one
 # in_system FOLDER USER COMMAND...        runs a command there, with the network and without a screen
 # exec_on_screen FOLDER USER COMMAND...   becomes a command there, with the screen and no network
-# clone_there FOLDER USER                 puts a fresh clone of HEAD there, owned by the user
+# clone_there FOLDER USER                 puts a fresh clone of "head" there, owned by the user
 # in_clone FOLDER USER COMMAND...         runs a command in that clone
 
 systems=${TOVARIN_SYSTEMS_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/tovarin-systems}
 declare -rA codenames=([12]=bookworm [13]=trixie)
+# All clones are of the same commit, whatever is committed meanwhile.
+head=$(git rev-parse HEAD)
 # Where the clone is, as the system sees it: like many a folder of users, with a blank. Not in the
 # home of one of them, which the others, a superuser without all the rights included, may not enter.
 readonly clone="/srv/my tovarin"
@@ -114,6 +116,7 @@ clone_there() {
     system_remove "$folder$clone"
     # Not by links to the files of this checkout, which would change hands with the clone.
     git clone --quiet --no-hardlinks . "$folder$clone" \
+        && git -C "$folder$clone" checkout --quiet "$head" \
         && in_system "$folder" root chown -R "$user:$user" "$clone"
 }
 in_clone() {
