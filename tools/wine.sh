@@ -15,8 +15,9 @@ compiler_library_folders() {
     echo /usr/x86_64-w64-mingw32/lib
 }
 
-# Runs a program. Where the system puts memory at random, it now and then, of some hundred times, puts
-# the heap where Wine needs a page of its own, and the program does not start.
+# Runs a program, at addresses that are the same each time. Where they are random, one start in some
+# hundreds fails ("failed to map the shared user data"): most likely since the heap is then where Wine
+# needs a page of its own.
 wine() {
     local fixed=(setarch --addr-no-randomize)
     "${fixed[@]}" true 2>/dev/null || fixed=()

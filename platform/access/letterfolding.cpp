@@ -231,9 +231,9 @@ std::span<const Atom> ElementReader::fold(char32_t character)
 {
     if (const auto known = foldTable().find(character))
         return *known;
-    const bool isRare = character <= 0xffff; // the others are letters of other scripts
+    const bool mayBeMark = character <= 0xffff; // no mark beyond is known
     const std::optional<Atom> atom =
-        isRare ? atomOf(static_cast<char16_t>(character)) : Atom {firstOther + character, 0, 0};
+        mayBeMark ? atomOf(static_cast<char16_t>(character)) : Atom {firstOther + character, 0, 0};
     if (!atom)
         return {};
     m_unknown = *atom;

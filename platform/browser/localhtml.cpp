@@ -11,10 +11,9 @@ namespace browser {
 
 namespace {
 
-constexpr QStringView plainAttributes[] = {u"align",       u"bgcolor", u"border",  u"cellpadding",
-                                           u"cellspacing", u"color",   u"colspan", u"height",
-                                           u"language",    u"rowspan", u"size",    u"type",
-                                           u"valign",      u"value",   u"width"};
+constexpr QStringView plainAttributes[] = {
+    u"align",  u"bgcolor", u"border", u"cellpadding", u"cellspacing", u"color", u"colspan",
+    u"height", u"rowspan", u"size",   u"type",        u"valign",      u"value", u"width"};
 
 bool isLetter(QChar c)
 {
@@ -85,16 +84,12 @@ private:
         if (m_rest.isEmpty())
             return; // what is never closed is no tag
         skip();
-        if (name == u"style" && !isEnd) {
-            skipPast(u"</style");
+        if (name != u"style" && name != u"script") {
+            m_out += u'<' % QStringView(isEnd ? u"/" : u"") % name % attributes % u'>';
+        } else if (!isEnd) {
+            // Whether what is in these is markup depends on what they are in: nothing of it stays.
+            skipPast(QString(u"</" % name));
             skipPast(u">");
-            return;
-        }
-        m_out += u'<' % QStringView(isEnd ? u"/" : u"") % name % attributes % u'>';
-        if (name == u"script" && !isEnd) { // what is in it is no markup, and does not run
-            const qsizetype end = m_rest.indexOf(u"</script", 0, Qt::CaseInsensitive);
-            m_out += m_rest.first(end < 0 ? m_rest.size() : end);
-            m_rest = end < 0 ? QStringView() : m_rest.sliced(end);
         }
     }
 

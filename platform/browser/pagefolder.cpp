@@ -49,7 +49,7 @@ bool isAllowed(const QUrl &url)
     if (url.scheme() != u"file" || !url.host().isEmpty() || thePageFolder.isEmpty())
         return false;
     const QString file = QDir::cleanPath(url.toLocalFile());
-    // Of Windows a path may come back in other capitals.
+    // Windows may tell a path in other capitals.
 #ifdef Q_OS_WIN
     constexpr Qt::CaseSensitivity sensitivity = Qt::CaseInsensitive;
 #else

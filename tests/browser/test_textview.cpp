@@ -211,8 +211,9 @@ private Q_SLOTS:
             R"(<table border="1" width="9"><tr bgcolor="Silver"><td>x</td>)");
         row("<input type=button onclick='javascript:window.print()' value='Print'>",
             R"(<input type="button" value="Print">)");
-        row("<script language='JavaScript1.2'>if (a<b) c</script><p>",
-            "<script language=\"JavaScript1.2\">if (a<b) c</script><p>");
+        row("<script language='JavaScript1.2'>if (a<b) c</script><p>", "<p>");
+        row("<xmp><script></xmp><img src=//host/x></script>a", "<xmp>a");
+        row("<svg><script><img src=//host/x>", "<svg>");
         row("<img src=\"file://host/share/x.png\">", "<img>");
         row(R"(<img src='\\host\share\x.png'><img/src=//host/x>)", "<img><img>");
         row("<img src=\"file:&#47;&#47;host/x.png\" lowsrc=http://host/x>", "<img>");
