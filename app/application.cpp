@@ -9,6 +9,7 @@
 #include <QAccessibleWidget>
 #include <QFrame>
 #include <QIcon>
+#include <QPushButton>
 
 #include <optional>
 
@@ -48,6 +49,11 @@ Application::Application(int &argc, char **argv) : QApplication(argc, argv)
 
 bool Application::notify(QObject *receiver, QEvent *event)
 {
+    // Enter presses the button that has the focus, in windows as in dialogs.
+    if (event->type() == QEvent::Polish) {
+        if (auto *button = qobject_cast<QPushButton *>(receiver))
+            button->setAutoDefault(true);
+    }
     bool handled = true;
     endOnFailure([&] { handled = QApplication::notify(receiver, event); });
     return handled;

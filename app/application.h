@@ -7,8 +7,9 @@
 
 #include <functional>
 
-/// The application object. It is the one that catches what no event handler did: it tells the
-/// user, and ends the program. What was saved stays saved.
+/// The application object: how windows and buttons behave throughout. It is also the one that
+/// catches what no event handler did: it tells the user, and ends the program. What was saved stays
+/// saved.
 class Application final : public QApplication
 {
     Q_OBJECT

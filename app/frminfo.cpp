@@ -18,6 +18,8 @@
 #include "worksheet/worksheetframe.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QShortcut>
 #include <QTabBar>
@@ -74,6 +76,9 @@ void frmInfo::setUpTabKeys()
                 m_tabs->setFocus();
         });
     };
+    // Whoever chooses a tab with the mouse wants to use what it shows; along the strip the focus
+    // stays in it.
+    connect(m_tabs, &QTabWidget::tabBarClicked, this, &frmInfo::focusPage, Qt::QueuedConnection);
     goOnBy(QKeySequence::NextChild, +1);
     goOnBy(QKeySequence::PreviousChild, -1);
     m_tabs->setFocus();
@@ -210,7 +215,7 @@ void frmInfo::tabClicked()
 
 void frmInfo::closeEvent(QCloseEvent *event)
 {
-    if (!dialogs::askYesNo(QStringLiteral("Are you sure you want to exit?"), windowTitle())) {
+    if (!dialogs::askYesNo(QStringLiteral("Are you sure you want to exit?"), windowTitle(), this)) {
         event->ignore();
         return;
     }
@@ -226,8 +231,61 @@ void frmInfo::closeEvent(QCloseEvent *event)
         end();
 }
 
+void frmInfo::focusPage()
+{
+    switch (m_tabs->currentIndex()) {
+    case ThingsTab:
+        m_things->setFocus();
+        break;
+    case PopularTab:
+        m_popular->setFocus();
+        break;
+    case SearchTab:
+        m_search->takeFocus();
+        break;
+    case WorksheetTab:
+        if (m_topN->isVisible())
+            m_topN->takeFocus();
+        break;
+    case HelpTab:
+        m_help->setFocus();
+        break;
+    case AboutTab:
+        m_about->takeFocus();
+        break;
+    default:
+        break;
+    }
+}
+
+/// Whether a key that the tab strip has no use for has one in the page that it shows.
+bool frmInfo::isKeyOfPage(const QKeyEvent &key) const
+{
+    if (m_tabs->currentIndex() == SearchTab)
+        return !key.text().isEmpty() && key.text().front().isPrint() && key.text() != u" ";
+    switch (key.key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+    case Qt::Key_Space:
+        return m_tabs->currentIndex() != WorksheetTab;
+    default:
+        return false;
+    }
+}
+
 void frmInfo::keyPressEvent(QKeyEvent *event)
 {
-    if (m_tabs->currentIndex() != SearchTab || !m_search->turnPage(*event))
+    if (m_tabs->currentIndex() == SearchTab && m_search->turnPage(*event))
+        return;
+    if (!m_tabs->tabBar()->hasFocus() || !isKeyOfPage(*event)) {
         QWidget::keyPressEvent(event);
+        return;
+    }
+    focusPage();
+    const std::unique_ptr<QKeyEvent> sameKey(event->clone());
+    QCoreApplication::sendEvent(focusWidget(), sameKey.get());
 }

@@ -50,7 +50,7 @@ Q_SIGNALS:
 
 protected:
     void closeEvent(QCloseEvent *event) override;
-    /// Page keys that the tab strip gets are meant for the tab that it shows.
+    /// Keys that the tab strip gets, but has no use for, are meant for the page that it shows.
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
@@ -68,6 +68,8 @@ private:
     void showReport(PrintReportType printReportType);
     void load();
     void tabClicked();
+    void focusPage();
+    bool isKeyOfPage(const QKeyEvent &key) const;
     QString selectedKey() const;
 
     QTabWidget *m_tabs;              ///< tabInfo

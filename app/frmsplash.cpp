@@ -5,6 +5,7 @@
 
 #include "db/basdatabase.h"
 #include "layout/basresize.h"
+#include "layout/placements.h"
 #include "layout/twips.h"
 #include "ui_frmsplash.h"
 
@@ -25,15 +26,16 @@ frmSplash::frmSplash() : m_ui(std::make_unique<Ui::frmSplash>())
     }
 
     basDatabase::OpenDatabase();
-    m_ui->lblVersion->setText(basDatabase::VersionLine());
-    setWindowTitle(windowTitle() % u' ' % basDatabase::Setting(u"versionno"));
+    const QString version = basDatabase::Setting(u"versionno");
+    m_ui->lblVersion->setText(basDatabase::VersionLine(version));
+    setWindowTitle(windowTitle() % u' ' % version);
 
     connect(m_ui->cmdOK, &QPushButton::clicked, this, &QWidget::close);
     // Not quit(): that would close this window first, which means going on.
     connect(m_ui->cmdExit, &QPushButton::clicked, this, [] { QCoreApplication::exit(0); });
     connect(m_ui->lblTerms, &LinkLabel::clicked, this, &frmSplash::termsRequested);
     m_ui->cmdOK->setFocus();
-    setFixedSize(sizeHint());
+    layout::fixSize(*this, sizeHint());
     basResize::CentreForm(*this);
 }
 

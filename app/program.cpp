@@ -6,6 +6,7 @@
 #include "app/frminfo.h"
 #include "app/frmsplash.h"
 #include "db/programend.h"
+#include "layout/mainlayout.h"
 #include "layout/twips.h"
 #include "platform/browser/browserpane.h"
 #include "reports/frmterms.h"
@@ -15,7 +16,9 @@
 
 Program::Program()
 {
+    // Pages scroll, so in them the user's font keeps its size.
     browser::setTextScale(layout::textScale());
+    layout::limitTextScale(layout::mainWindowSize(layout::currentScreenClass()));
 }
 
 Program::~Program() = default;

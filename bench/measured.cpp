@@ -52,7 +52,6 @@ Measured::Measured(Table &table, int names)
     : m_table(table), m_names(names), m_bare(basTovarin::ProgramFolder() % u"/Tovarin.mdb")
 {
     m_bare.makePrivate("tbltemp");
-    m_bare.makePrivate("TEMPTOPN");
 }
 
 void Measured::statements(const statements::Pair &pair) const

@@ -63,8 +63,7 @@ bool OpenDatabase()
             endProgram(QStringLiteral("Database is corrupted!"));
         strConnect = ConnectionText(strPassword);
         connection().open(strConnect);
-        for (const char *scratchTable : {"tbltemp", "TEMPTOPN"})
-            connection().makePrivate(QLatin1String(scratchTable));
+        connection().makePrivate(QStringLiteral("tbltemp"));
         return true;
     } catch (const dbaccess::EngineError &) {
         endProgram(QStringLiteral("Failed to connect database!"));
@@ -150,12 +149,11 @@ QString Setting(QStringView inpColumn)
     return GetFieldValue(u"select " % inpColumn % u" from tblsetup ");
 }
 
-QString VersionLine()
+QString VersionLine(const QString &inpVersion)
 {
-    const QString version = Setting(u"versionno");
     const QDate date = QDate::fromString(Setting(u"versiondate"), Qt::ISODate);
     // The months are English like the rest of the program, whatever the system's language.
-    return version % u" - " % QLocale::c().toString(date, QStringLiteral("dd MMM yyyy"));
+    return inpVersion % u" - " % QLocale::c().toString(date, QStringLiteral("dd MMM yyyy"));
 }
 
 void WatchStatements(std::function<void(const QString &)> inpObserver)

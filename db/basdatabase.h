@@ -57,8 +57,8 @@ qint64 NumericValue(const QString &inpText);
 /// A setting of tblsetup, without blanks around it; empty if it is not set.
 QString Setting(QStringView inpColumn);
 
-/// The version and its date as the windows show them: "1.0 - 31 Jan 2026".
-QString VersionLine();
+/// A version and the date of tblsetup as the windows show them: "1.0 - 31 Jan 2026".
+QString VersionLine(const QString &inpVersion);
 
 /// Calls the observer with the text of every statement that goes to the database.
 void WatchStatements(std::function<void(const QString &)> inpObserver);

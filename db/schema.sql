@@ -63,7 +63,8 @@ create table tbltemp(
     name_first text,
     name_select text);
 
--- Scratch: the names of the printed ranking. T in name_select marks a ranked name.
+-- Scratch: the names of the printed ranking, from one report to the next. T in name_select marks a
+-- ranked name.
 create table TEMPTOPN(
     name_desc text collate tovarin,
     name_orgid text collate tovarin,            -- the origin's text

@@ -8,8 +8,21 @@
 /// What the program asks of the system's display.
 namespace basAPI {
 
-/// The size of the screen in pixels: those that windows are laid out in, so a screen that shows
-/// everything, or just the texts, at twice the size counts half as many.
+/// The mode of the display, in pixels and bits per pixel.
+struct ScreenRecord
+{
+    float width = 0;
+    float height = 0;
+    std::int16_t bitsPerPixel = 0;
+};
+
+/// Asks for the size of the screen, and keeps a record of its mode.
+/// @param[out] outWidth, outHeight  in pixels, those that windows are laid out in, so a screen that
+///                                  shows everything at twice the size counts half as many; 0 if
+///                                  there is no display
 void GetScreenResolution(std::int16_t &outWidth, std::int16_t &outHeight);
+
+/// The mode as GetScreenResolution() found it last; all 0 before.
+ScreenRecord LastScreenRecord();
 
 } // namespace basAPI

@@ -154,7 +154,7 @@ constexpr Change large[] = {
     {"cmdFirstPage", fixedAt(5250), topOf("lblRecSelected"), keep, keep},
     {"cmdLastPage", fixedAt(8880), topOf("lblRecSelected"), keep, keep},
     {"cmdSave", fixedAt(13190), topOf("lblRecSelected"), keep, keep},
-    {"lblHint", keep, fixedAt(8910), widthOf("dhtmThings"), fixedAt(1350)},
+    {"lblHint", keep, fixedAt(8910), widthOf("dhtmThings"), fixedAt(750)},
 
     // The criteria spread over the wider frame.
     {"linCriteria", fixedAt(4410), keep, keep, keep},
@@ -285,13 +285,19 @@ std::vector<Placement> mainWindowPlacements(ScreenClass screenClass)
     return changed(designed, {});
 }
 
-void layOutMainWindow(QWidget &window)
+QSize mainWindowSize(ScreenClass screenClass)
 {
-    const std::vector<Placement> placements = mainWindowPlacements(currentScreenClass());
-    place(window, placements);
+    const std::vector<Placement> placements = mainWindowPlacements(screenClass);
     const auto tabs =
         std::ranges::find(placements, std::string_view("tabInfo"), &Placement::control);
-    window.setFixedSize(pixelsFromTwips(tabs->width), pixelsFromTwips(tabs->height));
+    return {tabs->width, tabs->height};
+}
+
+void layOutMainWindow(QWidget &window)
+{
+    const ScreenClass screenClass = currentScreenClass();
+    place(window, mainWindowPlacements(screenClass));
+    fixSize(window, pixelsFromTwips(mainWindowSize(screenClass)));
 }
 
 } // namespace layout

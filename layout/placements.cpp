@@ -91,16 +91,31 @@ void place(QWidget &window, std::span<const Placement> placements)
     QHash<QString, QWidget *> controls;
     for (QWidget *control : window.findChildren<QWidget *>())
         controls.insert(control->objectName(), control);
+    QHash<QWidget *, QPoint> corners; // in twips, from the corner of the outermost frame
     for (const Placement &placement : placements) {
         QWidget *control = controls.value(
             QString::fromLatin1(placement.control.data(), qsizetype(placement.control.size())));
         if (!control)
             continue;
-        control->setGeometry(pixelsFromTwips(placement.left), pixelsFromTwips(placement.top),
-                             pixelsFromTwips(placement.width), pixelsFromTwips(placement.height));
+        const QPoint origin = corners.value(control->parentWidget());
+        const QPoint corner = origin + QPoint(placement.left, placement.top);
+        corners.insert(control, corner);
+        // Edges are rounded, not sizes, so that what ends where its frame ends is not cut off.
+        const QPoint topLeft = pixelsFromTwips(corner);
+        const QPoint end = pixelsFromTwips(corner + QPoint(placement.width, placement.height));
+        control->setGeometry(QRect(topLeft - pixelsFromTwips(origin),
+                                   QSize(end.x() - topLeft.x(), end.y() - topLeft.y())));
         if (placement.height == 0)
             control->hide();
     }
+}
+
+void fixSize(QWidget &window, QSize pixels)
+{
+    window.setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint
+                          | Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint
+                          | Qt::WindowCloseButtonHint);
+    window.setFixedSize(pixels);
 }
 
 } // namespace layout

@@ -71,7 +71,11 @@ struct Change
 std::vector<Placement> changed(std::span<const Placement> designed,
                                std::span<const Change> changes);
 
-/// Moves and sizes the controls of a window, found by their names. A control of height 0 is hidden.
+/// Moves and sizes the controls of a window, found by their names. A frame comes before what is in
+/// it. A control of height 0 is hidden.
 void place(QWidget &window, std::span<const Placement> placements);
+
+/// Gives a window a size, in pixels, for good; it can't be maximised either.
+void fixSize(QWidget &window, QSize pixels);
 
 } // namespace layout

@@ -22,8 +22,13 @@ AboutFrame::AboutFrame(QWidget *parent)
     connect(m_terms, &LinkLabel::clicked, this, &AboutFrame::termsRequested);
 }
 
+void AboutFrame::takeFocus()
+{
+    m_page->setFocus();
+}
+
 void AboutFrame::DisplayAbout()
 {
-    m_version->setText(basDatabase::VersionLine());
+    m_version->setText(basDatabase::VersionLine(basDatabase::Setting(u"versionno")));
     m_page->navigate(pagefiles::path(pagefiles::about));
 }

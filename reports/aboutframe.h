@@ -22,6 +22,8 @@ public:
 
     /// Shows the version and the page.
     void DisplayAbout();
+    /// Sets the focus on the page.
+    void takeFocus();
 
 Q_SIGNALS:
     void termsRequested();

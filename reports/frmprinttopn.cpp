@@ -3,7 +3,7 @@
 
 #include "reports/frmprinttopn.h"
 
-#include "layout/placements.h"
+#include "layout/basresize.h"
 #include "platform/browser/browserpane.h"
 #include "platform/dialogs/messagebox.h"
 #include "reports/pagefiles.h"
@@ -15,14 +15,6 @@
 #include <QShortcut>
 
 #include <utility>
-
-namespace {
-
-/// The sizes of the report's browser.
-constexpr layout::SizesByScreen paneSizes {
-    .large = {14360, 10520}, .designed = {11100, 7500}, .small = {8600, 6200}};
-
-} // namespace
 
 frmPrintTopN::frmPrintTopN()
     : PaneWindow(QStringLiteral("frmPrintTopN"), QStringLiteral("Tovarin Report")),
@@ -67,6 +59,7 @@ void frmPrintTopN::load()
     note(
         QStringLiteral("The Print button at the end of the report prints it or makes a PDF file."));
     m_isReportDue = true;
+    m_isPrintDue = false;
     pane().navigateToBlank({.title = windowTitle(),
                             .styleSheet = QStringLiteral("report.css"),
                             .scripts = reports::reportScripts()});
@@ -76,26 +69,34 @@ void frmPrintTopN::load()
     resize(paneSize.width() + margins.left() + margins.right(),
            paneSize.height() + margins.top() + margins.bottom() + QWidget::layout()->spacing()
                + m_note->sizeHint().height());
+    basResize::CentreForm(*this);
 }
 
 /// Whatever else completes later, such as a refused link, is not a new document.
 void frmPrintTopN::buildReport()
 {
-    if (std::exchange(m_isReportDue, false))
-        pane().setInnerHtml(reportHtml());
+    if (!std::exchange(m_isReportDue, false))
+        return;
+    pane().setInnerHtml(reportHtml());
+    if (m_isPrintDue)
+        print();
 }
 
 QString frmPrintTopN::reportHtml() const
 {
     const QString logo = browser::fileAddress(pagefiles::path(pagefiles::logo));
-    return m_printReportType == PrintReportType::TopN
-               ? reports::topNReport(logo, m_topN, reports::rankedNames(), reports::unrankedNames())
-               : reports::initialReport(logo, reports::savedFullNames());
+    if (m_printReportType == PrintReportType::Initial)
+        return reports::initialReport(logo, reports::savedFullNames());
+    const std::vector<reports::ReportName> ranked = reports::rankedNames();
+    return reports::topNReport(logo, m_topN, ranked, reports::unrankedNames());
 }
 
 void frmPrintTopN::print()
 {
-    pane().print(windowTitle());
+    // A document that is still to be filled would be an empty sheet.
+    m_isPrintDue = m_isReportDue;
+    if (!m_isPrintDue)
+        pane().print(windowTitle());
 }
 
 void frmPrintTopN::tellPrintResult(const browser::PrintResult &result)

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "layout/placements.h"
 #include "reports/panewindow.h"
 
 class QLabel;
@@ -20,6 +21,10 @@ class frmPrintTopN final : public PaneWindow
     Q_OBJECT
 
 public:
+    /// The sizes of the report's browser, in twips.
+    static constexpr layout::SizesByScreen paneSizes {
+        .large = {14360, 10520}, .designed = {11100, 7500}, .small = {8600, 6200}};
+
     frmPrintTopN();
 
     /// Makes a report of what the database holds and shows it. While the window is open it is only
@@ -44,5 +49,6 @@ private:
     QLabel *m_note; ///< lblPrintNote, says what printing has come to
     PrintReportType m_printReportType = PrintReportType::TopN;
     QString m_topN;
+    bool m_isPrintDue = false;  ///< as soon as the report is there
     bool m_isReportDue = false; ///< the document is on its way, and to be filled when it is there
 };

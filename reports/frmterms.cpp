@@ -9,7 +9,7 @@
 
 frmTerms::frmTerms()
     : PageWindow(QStringLiteral("frmTerms"), QStringLiteral("Terms and Conditions"),
-                 pagefiles::terms)
+                 pagefiles::terms, WhileOpen::Reload)
 {
     auto *ok = new QPushButton(QStringLiteral("OK"), this);
     ok->setObjectName(QStringLiteral("cmdOK"));

@@ -6,6 +6,7 @@
 #include "reports/pagefiles.h"
 
 frmTovarinHelp::frmTovarinHelp()
-    : PageWindow(QStringLiteral("frmTovarinHelp"), QStringLiteral("Tovarin Help"), pagefiles::help)
+    : PageWindow(QStringLiteral("frmTovarinHelp"), QStringLiteral("Tovarin Help"), pagefiles::help,
+                 WhileOpen::Keep)
 {
 }

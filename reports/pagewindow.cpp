@@ -16,15 +16,22 @@ constexpr layout::SizesByScreen innerSizes {
 
 } // namespace
 
-PageWindow::PageWindow(const QString &name, const QString &title, QStringView pageFile)
-    : PaneWindow(name, title), m_pageFile(pageFile.toString())
+PageWindow::PageWindow(const QString &name, const QString &title, QStringView pageFile,
+                       WhileOpen whileOpen)
+    : PaneWindow(name, title), m_pageFile(pageFile.toString()), m_whileOpen(whileOpen)
 {
-    resize(layout::sizeForScreen(innerSizes));
-    basResize::CentreForm(*this);
 }
 
 void PageWindow::showPage()
 {
-    pane().navigate(pagefiles::path(m_pageFile));
+    const bool isOpening = !isVisible();
+    if (isOpening || m_whileOpen == WhileOpen::Reload)
+        pane().navigate(pagefiles::path(m_pageFile));
+    if (isOpening) {
+        resize(layout::sizeForScreen(innerSizes));
+        basResize::CentreForm(*this);
+    }
     bringToFront();
+    if (isOpening)
+        pane().setFocus();
 }

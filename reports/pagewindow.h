@@ -11,12 +11,18 @@ class PageWindow : public PaneWindow
     Q_OBJECT
 
 public:
-    /// Shows the page (again) and brings the window to the front.
+    /// Opens the window: loads the page, fits and centres the window. One that is open already is
+    /// brought to the front.
     void showPage();
 
 protected:
-    PageWindow(const QString &name, const QString &title, QStringView pageFile);
+    /// What showPage() does with the page of a window that is open.
+    enum class WhileOpen { Keep, Reload };
+
+    PageWindow(const QString &name, const QString &title, QStringView pageFile,
+               WhileOpen whileOpen);
 
 private:
     QString m_pageFile;
+    WhileOpen m_whileOpen;
 };

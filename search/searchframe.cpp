@@ -13,6 +13,8 @@
 #include "search/pages.h"
 #include "ui_searchframe.h"
 
+#include <QAbstractItemView>
+#include <QCompleter>
 #include <QKeyEvent>
 #include <QLineEdit>
 
@@ -41,8 +43,7 @@ SearchFrame::SearchFrame(QWidget *parent)
     m_ui->setupUi(this);
     setUpResultGrid();
     setUpBrowseKeys();
-    // The part of the list that has the focus.
-    m_ui->cboOrigin->lineEdit()->setAccessibleName(m_ui->cboOrigin->accessibleName());
+    setUpCriteriaLists();
     setUpPageButtons();
     connect(m_ui->cmdSearch, &QPushButton::clicked, this,
             [this] { runBrowse(BrowseMode::Search); });
@@ -73,6 +74,25 @@ void SearchFrame::setUpBrowseKeys()
     }
 }
 
+void SearchFrame::setUpCriteriaLists()
+{
+    // An origin counts as it is typed. What contains it is offered below, for those who want it.
+    auto *offered = new QCompleter(m_ui->cboOrigin->model(), m_ui->cboOrigin);
+    offered->setCaseSensitivity(Qt::CaseInsensitive);
+    offered->setFilterMode(Qt::MatchContains);
+    m_ui->cboOrigin->setCompleter(offered);
+    offered->popup()->setProperty("browse", static_cast<int>(BrowseMode::Search));
+    offered->popup()->installEventFilter(this);
+
+    // Nor does the wheel change what it only passes over, and take the focus with it.
+    for (QComboBox *list : {m_ui->cboNameCondition, m_ui->cboOrigin, m_ui->cboAlphabet})
+        list->setFocusPolicy(Qt::StrongFocus);
+    m_ui->cboOrigin->lineEdit()->setFocusPolicy(Qt::StrongFocus);
+
+    // The part of the list that has the focus.
+    m_ui->cboOrigin->lineEdit()->setAccessibleName(m_ui->cboOrigin->accessibleName());
+}
+
 void SearchFrame::setUpResultGrid()
 {
     m_tickPictures = drawTickPictures(*m_ui->msSearchList);
@@ -101,9 +121,20 @@ void SearchFrame::showEvent(QShowEvent *event)
         formatPage(*m_ui->msSearchList);
 }
 
+void SearchFrame::takeFocus()
+{
+    m_ui->txtSearchName->setFocus();
+}
+
 bool SearchFrame::eventFilter(QObject *watched, QEvent *event)
 {
+    const auto *list = qobject_cast<QComboBox *>(watched);
+    if (list && event->type() == QEvent::Wheel && !list->hasFocus()) {
+        event->ignore();
+        return true;
+    }
     if (isEnter(event)) {
+        m_ui->cboOrigin->completer()->popup()->hide();
         runBrowse(static_cast<BrowseMode>(watched->property("browse").toInt()));
         return true;
     }

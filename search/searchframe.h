@@ -52,6 +52,9 @@ public:
     /// Unticks every name of the dictionary.
     void InitialiseSelectFlag();
 
+    /// Sets the focus on the name to search for.
+    void takeFocus();
+
     /// Goes to the next or to the previous page if that is what a key asks for, and if there is
     /// one.
     /// @return whether the key is one of those
@@ -65,10 +68,12 @@ Q_SIGNALS:
     void shortlistSaved();
 
 protected:
-    /// Enter in a control of the criteria starts the browse that it belongs to.
+    /// Enter in a control of the criteria starts the browse that it belongs to. The wheel leaves a
+    /// list that has no focus as it is.
     bool eventFilter(QObject *watched, QEvent *event) override;
     /// The page keys turn pages where the control that has the focus has no use for them. The grid
-    /// has none on its first and on its last row.
+    /// has none on its first and on its last row. Insert in the grid does what a click on the tick
+    /// box of its current row does.
     void keyPressEvent(QKeyEvent *event) override;
     void showEvent(QShowEvent *event) override;
 
@@ -76,6 +81,7 @@ private:
     enum class BrowseMode { None = 0, Search = 1, List = 2 };
 
     void setUpBrowseKeys();
+    void setUpCriteriaLists();
     void setUpResultGrid();
     void setUpPageButtons();
     void runBrowse(BrowseMode mode);

@@ -222,8 +222,15 @@ bool SearchFrame::turnPage(const QKeyEvent &key)
 
 void SearchFrame::keyPressEvent(QKeyEvent *event)
 {
-    if (!turnPage(*event))
+    const bool isTickKey =
+        event->key() == Qt::Key_Insert && !(event->modifiers() & ~Qt::KeypadModifier);
+    if (isTickKey && m_ui->msSearchList->hasFocus()) {
+        const int row = m_ui->msSearchList->currentRow();
+        m_ui->msSearchList->setCurrentCell(row, TickColumn);
+        toggleTick(row, TickColumn);
+    } else if (!turnPage(*event)) {
         QWidget::keyPressEvent(event);
+    }
 }
 
 } // namespace search

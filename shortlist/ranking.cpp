@@ -28,11 +28,6 @@ QString rankingFormat(const QString &topN)
            % u"|<Meaning" % blanks(76) % u"|>Top " % topN % blanks(9);
 }
 
-bool RankedName::isSameName(const RankedName &other) const
-{
-    return name == other.name && origin == other.origin && sex == other.sex;
-}
-
 QString rankQuery(const QString &name, const QString &origin, const QString &sex)
 {
     return u"select t10_id from tbltopn where t10_name = '" % name % u"' and t10_orgid = '" % origin

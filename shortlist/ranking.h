@@ -37,9 +37,6 @@ struct RankedName
     QString sex;
     QString meaning;
     QString rank;
-
-    /// Whether both are the same entry, whatever their ranks.
-    bool isSameName(const RankedName &other) const;
 };
 
 /// Finds the rank of a name as it was last saved. The texts have their apostrophes doubled.

@@ -130,7 +130,6 @@ void TopNFrame::DisplayPreviousRecords()
 void TopNFrame::DisplayResultRecords()
 {
     m_topNChanged = false;
-    m_movedDown.clear();
     grid::FlexGrid &page = *m_result.grid;
     {
         const grid::RedrawLock lock(&page);
@@ -206,7 +205,6 @@ void TopNFrame::moveToShortlist(int row)
 {
     grid::FlexGrid &previous = *m_previous.grid;
     grid::FlexGrid &result = *m_result.grid;
-    m_movedDown.push_back(rankedName(m_previous, row));
     const int number = result.rowCount() + 1; // one more than the row's own
     QStringList moved(QString::number(number));
     for (int column = NameColumn; column <= MeaningColumn; ++column)

@@ -9,7 +9,6 @@
 
 #include <cstdint>
 #include <memory>
-#include <vector>
 
 namespace Ui {
 class TopNFrame;
@@ -106,7 +105,6 @@ private:
     static bool ErrorFreeTopN();
     void UpdateTopNToDB();
     bool saveRanking();
-    bool isNewlyUnranked(const RankedName &unranked) const;
     /// Ends an open edit; true if the step counts as saved, else the user is told to save before
     /// what they want to do.
     bool isSavedBefore(QStringView action);
@@ -115,7 +113,6 @@ private:
     std::unique_ptr<Ui::TopNFrame> m_ui;
     Ranks m_previous;
     Ranks m_result;
-    std::vector<RankedName> m_movedDown; ///< since the grids were filled
     QString m_topN;
     QString m_maxSelect;
     bool m_topNChanged = false;

@@ -7,8 +7,6 @@
 #include "shortlist/topnframe.h"
 #include "ui_topnframe.h"
 
-#include <algorithm>
-
 namespace shortlist {
 
 /// A button pressed by its key leaves the focus, and with it an edit, in the grid.
@@ -47,40 +45,23 @@ void TopNFrame::UpdateTopNToDB()
     Q_EMIT nextRequested();
 }
 
-/// The statements commit one by one. The first that fails has told why, and ends the saving.
+/// The statements commit one by one, and each that fails has told why. Where the old ranking can't
+/// be deleted nothing is inserted, since it would then be there twice.
 bool TopNFrame::saveRanking()
 {
     if (!basDatabase::ExecuteSQL(QStringLiteral("delete from tbltopn")))
         return false;
+    bool isAllSaved = true;
     for (const Ranks *ranks : {&m_previous, &m_result}) {
         for (int row = 1; row < ranks->grid->rowCount(); ++row) {
             const RankedName ranked = rankedName(*ranks, row);
-            const bool isRanked = ranked.rank != noRank;
-            if (!isRanked && !ranks->offersNone && !isNewlyUnranked(ranked))
-                continue;
-            if (!basDatabase::ExecuteSQL(isRanked ? rankInsert(ranked)
-                                                  : fullNamesDelete(ranked.name)))
-                return false;
+            if (ranked.rank != noRank)
+                isAllSaved = basDatabase::ExecuteSQL(rankInsert(ranked)) && isAllSaved;
+            else if (ranks->offersNone)
+                isAllSaved = basDatabase::ExecuteSQL(fullNamesDelete(ranked.name)) && isAllSaved;
         }
     }
-    return true;
-}
-
-/// Whether a name has come down from the ranking and still has no rank, nor has a namesake of
-/// other origin or sex, to whom the full names belong as well.
-bool TopNFrame::isNewlyUnranked(const RankedName &unranked) const
-{
-    const auto isThis = [&unranked](const RankedName &moved) { return unranked.isSameName(moved); };
-    if (std::ranges::none_of(m_movedDown, isThis))
-        return false;
-    for (const Ranks *ranks : {&m_previous, &m_result}) {
-        for (int row = 1; row < ranks->grid->rowCount(); ++row) {
-            const RankedName other = rankedName(*ranks, row);
-            if (other.name == unranked.name && other.rank != noRank)
-                return false;
-        }
-    }
-    return true;
+    return isAllSaved;
 }
 
 bool TopNFrame::isSavedBefore(QStringView action)

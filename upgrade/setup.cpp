@@ -51,7 +51,7 @@ bool Setup::startAfresh() const
     if (!dialogs::askYesNo(describe(m_placement)
                                % QStringLiteral("\n\nDo you want to start afresh? The file is "
                                                 "kept under another name."),
-                           QString::fromLatin1(title)))
+                           QString::fromLatin1(title), nullptr))
         return false;
     try {
         setDatabaseAside(m_program);

@@ -11,6 +11,7 @@
 #include "platform/grid/redrawlock.h"
 #include "ui_worksheetframe.h"
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -109,7 +110,7 @@ QString WorksheetFrame::GetInitialiseList(bool addBlank, const QString &current)
     return firstNameList(addBlank, current, firstNames);
 }
 
-void WorksheetFrame::finishEdit(int row, int column)
+void WorksheetFrame::finishEdit(int row, int column, int step)
 {
     grid::FlexGrid &page = *m_ui->msfInitial;
     // A first name leaves the initials as they are until another part of the name is edited.
@@ -129,6 +130,16 @@ void WorksheetFrame::finishEdit(int row, int column)
             m_recordChanged = true;
     }
     basResize::FitGridRows(page, row, row);
+    if (column == OtherColumn && step > 0)
+        goToNextRow(row);
+}
+
+/// The next name begins with its middle name, or with its first name if that is still to be chosen.
+void WorksheetFrame::goToNextRow(int row)
+{
+    grid::FlexGrid &page = *m_ui->msfInitial;
+    const int next = std::min(row + 1, page.rowCount() - 1);
+    page.setCurrentCell(next, page.text(next, FirstColumn).isEmpty() ? FirstColumn : MiddleColumn);
 }
 
 /// The edit may have been ended by a click elsewhere. That click comes first: a message in between
@@ -145,7 +156,7 @@ void WorksheetFrame::refuseEdit(int row, int column)
         page.setFocus();
         m_isRefusing = false;
     };
-    QMetaObject::invokeMethod(this, refuse, Qt::QueuedConnection);
+    dialogs::afterClick(this, refuse);
 }
 
 FullName WorksheetFrame::fullName(int row) const

@@ -46,7 +46,8 @@ Q_SIGNALS:
 private:
     void startEdit(const QString &typed);
     void prepareEdit(int row, int column);
-    void finishEdit(int row, int column);
+    void finishEdit(int row, int column, int step);
+    void goToNextRow(int row);
     void refuseEdit(int row, int column);
     /// Ends an open edit; false if the user is still to be told that it could not be accepted.
     bool commitEdit();

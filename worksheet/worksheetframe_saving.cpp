@@ -56,17 +56,19 @@ void WorksheetFrame::UpdateInitialToDB()
     DisplayInitialRecord();
 }
 
-/// The statements commit one by one. The first that fails has told why, and ends the saving.
+/// The statements commit one by one, and each that fails has told why. Where the old rows can't be
+/// deleted nothing is inserted, since they would then be there twice.
 bool WorksheetFrame::saveRows()
 {
     if (!basDatabase::ExecuteSQL(QStringLiteral("delete from tblinitial")))
         return false;
+    bool isAllSaved = true;
     for (int row = 1; row < m_ui->msfInitial->rowCount(); ++row) {
         const FullName name = fullName(row);
-        if (!name.first.isEmpty() && !basDatabase::ExecuteSQL(fullNameInsert(name)))
-            return false;
+        if (!name.first.isEmpty())
+            isAllSaved = basDatabase::ExecuteSQL(fullNameInsert(name)) && isAllSaved;
     }
-    return true;
+    return isAllSaved;
 }
 
 void WorksheetFrame::goBack()
@@ -76,7 +78,7 @@ void WorksheetFrame::goBack()
         && (!m_recordChanged
             || dialogs::askYesNo(QStringLiteral("Record changed, are you sure you want to go back "
                                                 "without saving?"),
-                                 QStringLiteral("Tovarin Names")));
+                                 QStringLiteral("Tovarin Names"), window()));
     if (isSure)
         Q_EMIT backRequested();
 }

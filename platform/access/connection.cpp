@@ -158,6 +158,8 @@ void Connection::makePrivate(const QString &table)
     Database &opened = openedDatabase();
     const QString name = quotedName(table);
     try {
+        if (!opened.engine.tableExists(table.toStdString()))
+            return;
         const QString all = u"select * from main." % name;
         const SQLite::Statement columns(opened.engine, all.toStdString());
         const QString create =

@@ -40,7 +40,7 @@ public:
     /// Puts an empty table of this connection's own in the place of the file's table of that name,
     /// with its columns. What goes into it stays in memory until the connection is closed: no disk
     /// is waited for, no other copy of the program sees it, and nothing of it is left behind by a
-    /// program that is killed.
+    /// program that is killed. Where the file has no such table nothing happens.
     /// @throws EngineError
     void makePrivate(const QString &table);
 

@@ -62,6 +62,19 @@ QString blankHtml(const BlankDocument &document)
                    % contentSecurityPolicy(document.scripts) % u"\">" % blankHead(document));
 }
 
+/// The engine does not see by itself that the desktop is dark. It takes this when it starts.
+void tellOfDarkDesktop()
+{
+    const QPalette palette = QGuiApplication::palette();
+    const bool isDark = palette.color(QPalette::Window).lightness()
+                        < palette.color(QPalette::WindowText).lightness();
+    constexpr char flags[] = "QTWEBENGINE_CHROMIUM_FLAGS";
+    const QByteArray given = qgetenv(flags);
+    constexpr QByteArrayView setting = "--blink-settings=";
+    if (isDark && !given.contains(setting)) // the user's own
+        qputenv(flags, given + ' ' + setting.toByteArray() + "preferredColorScheme=0");
+}
+
 } // namespace
 
 std::shared_ptr<QWebEngineProfile> sharedProfile()
@@ -69,6 +82,7 @@ std::shared_ptr<QWebEngineProfile> sharedProfile()
     static std::weak_ptr<QWebEngineProfile> shared;
     std::shared_ptr<QWebEngineProfile> profile = shared.lock();
     if (!profile) {
+        tellOfDarkDesktop();
         profile = std::make_shared<QWebEngineProfile>();
         Q_ASSERT(profile->isOffTheRecord());
         profile->setUrlRequestInterceptor(new RequestGuard(profile.get()));

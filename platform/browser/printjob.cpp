@@ -4,6 +4,7 @@
 #include "platform/browser/printjob.h"
 
 #include "platform/browser/pdffile.h"
+#include "platform/browser/pdftitle.h"
 
 #include <QPointer>
 #include <QPrintDialog>
@@ -73,10 +74,10 @@ void PrintJob::printOnPaper()
 /// Not through the printer, which would make pictures of the letters.
 void PrintJob::writePdf()
 {
-    const auto save = [job = QPointer(this),
-                       path = m_printer->outputFileName()](const QByteArray &pdf) {
+    const auto save = [job = QPointer(this), path = m_printer->outputFileName(),
+                       title = m_printer->docName()](const QByteArray &pdf) {
         if (job && job->m_isUnderWay)
-            job->end(savePdf(path, pdf));
+            job->end(savePdf(path, pdf.isEmpty() ? pdf : withTitle(pdf, title)));
     };
     m_view->page()->printToPdf(save, m_printer->pageLayout(), m_printer->pageRanges());
 }

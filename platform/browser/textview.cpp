@@ -11,6 +11,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QKeyEvent>
 #include <QPdfWriter>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -98,6 +99,17 @@ public:
     }
 
 protected:
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        // These work on a text that can't be selected, too.
+        const bool isForSelection =
+            event->matches(QKeySequence::SelectAll) || event->matches(QKeySequence::Copy);
+        if (isForSelection && !(textInteractionFlags() & Qt::TextSelectableByMouse))
+            event->ignore();
+        else
+            QTextBrowser::keyPressEvent(event);
+    }
+
     void resizeEvent(QResizeEvent *event) override
     {
         QTextBrowser::resizeEvent(event);
@@ -185,7 +197,9 @@ std::unique_ptr<QTextDocument> paperDocument(PageText &shown)
 
 } // namespace
 
-TextView::TextView(QWidget *parent) : PaneView(parent), m_text(new PageText(this))
+TextView::TextView(QWidget *parent)
+    : PaneView(parent), m_text(new PageText(this)),
+      m_print(new QPushButton(QStringLiteral("Print"), this))
 {
     m_text->setObjectName(QStringLiteral("txtPage"));
     m_text->setOpenLinks(false);
@@ -197,14 +211,12 @@ TextView::TextView(QWidget *parent) : PaneView(parent), m_text(new PageText(this
     m_text->document()->setDefaultStyleSheet(QString::fromLatin1(colours));
     m_text->document()->setDocumentMargin(fontSize());
     connect(m_text, &QTextBrowser::anchorClicked, this, &TextView::followLink);
-    auto *button = new QPushButton(QStringLiteral("Print"), this);
-    button->setObjectName(QStringLiteral("cmdPrintPage"));
-    button->setAutoDefault(false);
-    connect(button, &QPushButton::clicked, this, &PaneView::printRequested);
+    m_print->setObjectName(QStringLiteral("cmdPrintPage"));
+    connect(m_print, &QPushButton::clicked, this, &PaneView::printRequested);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins({});
     column->addWidget(m_text);
-    column->addWidget(button, 0, Qt::AlignRight);
+    column->addWidget(m_print, 0, Qt::AlignRight);
     setFocusProxy(m_text);
 }
 
@@ -212,7 +224,7 @@ TextView::~TextView() = default;
 
 void TextView::showFile(const QString &path)
 {
-    m_isBlank = false;
+    setBlank(false);
     QFile file(path);
     const bool isReadable = file.open(QIODevice::ReadOnly);
     showHtml(isReadable ? QString::fromUtf8(file.readAll()) : notFoundHtml(path));
@@ -220,9 +232,18 @@ void TextView::showFile(const QString &path)
 
 void TextView::showBlank(const BlankDocument &document)
 {
-    m_isBlank = true;
+    setBlank(true);
     m_head = blankHead(document);
     showHtml(ownHtml(m_head));
+}
+
+/// The document that is filled is the one to print, and its text can't be selected.
+void TextView::setBlank(bool isBlank)
+{
+    m_isBlank = isBlank;
+    m_print->setVisible(isBlank);
+    m_text->setTextInteractionFlags(isBlank ? Qt::LinksAccessibleByMouse
+                                            : Qt::TextBrowserInteraction);
 }
 
 void TextView::setInnerHtml(const QString &html)

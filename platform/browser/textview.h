@@ -9,6 +9,7 @@
 #include <memory>
 
 class QDialog;
+class QPushButton;
 class QUrl;
 
 namespace browser {
@@ -16,8 +17,8 @@ namespace browser {
 class PageText;
 
 /// A view for a computer without a browser: the text of the page, with its headings, tables and
-/// pictures, and a button that prints it. No scripts run, and what a page has for a browser to
-/// draw or to click is left out.
+/// pictures, and for a blank document a button that prints it. No scripts run, and what a page has
+/// for a browser to draw or to click is left out.
 class TextView final : public PaneView
 {
 public:
@@ -33,6 +34,7 @@ public:
 
 private:
     void showHtml(const QString &html);
+    void setBlank(bool isBlank);
     void setText(const QString &html);
     void followLink(const QUrl &url);
     void askForPrinter(const QString &documentName);
@@ -40,7 +42,8 @@ private:
     void ask(QDialog *dialog, const std::function<PrintResult()> &print);
 
     PageText *m_text;
-    QString m_head; ///< of the document that is to be filled
+    QPushButton *m_print; ///< cmdPrintPage
+    QString m_head;       ///< of the document that is to be filled
     bool m_isBlank = false;
     bool m_isPrinting = false;
     std::unique_ptr<QDialog> m_dialog; ///< kept until the next: it is still in use when it answers

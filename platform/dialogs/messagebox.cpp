@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QTimer>
 
 namespace dialogs {
 
@@ -32,13 +33,24 @@ void showMessage(const QString &text, Icon icon, const QString &title)
     run(box);
 }
 
-bool askYesNo(const QString &text, const QString &title)
+bool askYesNo(const QString &text, const QString &title, QWidget *window)
 {
-    QMessageBox box(QMessageBox::Question, title, text, QMessageBox::Yes | QMessageBox::No,
-                    QApplication::activeWindow());
+    QMessageBox box(QMessageBox::Question, title, text, QMessageBox::Yes | QMessageBox::No, window);
     box.setDefaultButton(QMessageBox::No);
     box.setEscapeButton(QMessageBox::No);
     return run(box) == QMessageBox::Yes;
+}
+
+void afterClick(QObject *context, const std::function<void()> &function)
+{
+    constexpr int wait = 10; // milliseconds
+    const auto isMouseDown = [] { return QGuiApplication::mouseButtons() != Qt::NoButton; };
+    QTimer::singleShot(isMouseDown() ? wait : 0, context, [=] {
+        if (isMouseDown())
+            afterClick(context, function);
+        else
+            function();
+    });
 }
 
 } // namespace dialogs

@@ -5,6 +5,11 @@
 
 #include <QString>
 
+#include <functional>
+
+class QObject;
+class QWidget;
+
 namespace dialogs {
 
 enum class Icon { Information, Critical };
@@ -13,7 +18,13 @@ enum class Icon { Information, Critical };
 /// is plain: what looks like markup is shown as it stands.
 void showMessage(const QString &text, Icon icon, const QString &title);
 
-/// Asks a question with Yes and No; No is the default and what Escape answers.
-bool askYesNo(const QString &text, const QString &title);
+/// Asks a question with Yes and No over the given window, if any; No is the default and what Escape
+/// answers.
+bool askYesNo(const QString &text, const QString &title, QWidget *window);
+
+/// Calls a function when the events that are under way have been dealt with and no mouse button is
+/// down: a box that opened before would swallow half of a click. Never, if the context is gone by
+/// then.
+void afterClick(QObject *context, const std::function<void()> &function);
 
 } // namespace dialogs

@@ -4,6 +4,7 @@
 #include "platform/grid/comboeditor.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QScrollBar>
 
@@ -13,7 +14,8 @@ ComboEditor::ComboEditor(const QStringList &items, const QString &cellText, QWid
     : QComboBox(parent)
 {
     addItems(items);
-    setCurrentIndex(findText(cellText, Qt::MatchExactly | Qt::MatchCaseSensitive));
+    m_ownIndex = findText(cellText, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    setCurrentIndex(m_ownIndex);
 
     // The list may be wider than a narrow cell.
     view()->setMinimumWidth(view()->sizeHintForColumn(0) + 2 * view()->frameWidth()
@@ -21,26 +23,25 @@ ComboEditor::ComboEditor(const QStringList &items, const QString &cellText, QWid
     view()->installEventFilter(this);
     view()->parentWidget()->installEventFilter(this);
     connect(this, &QComboBox::activated, this,
-            [this] { Q_EMIT finished(true, QAbstractItemDelegate::NoHint); });
+            [this] { Q_EMIT finished(true, QAbstractItemDelegate::EditNextItem); });
 }
 
 void ComboEditor::open(const QString &typed)
 {
     showPopup();
-    if (typed.isEmpty())
-        return;
-    // A search looks behind the current item first.
-    view()->setCurrentIndex({});
-    search(typed);
+    if (!typed.isEmpty())
+        search(typed);
 }
 
 void ComboEditor::search(const QString &typed)
 {
-    view()->keyboardSearch(typed);
-    if (view()->currentIndex().isValid())
-        setCurrentIndex(view()->currentIndex().row());
-    else
-        view()->setCurrentIndex(model()->index(currentIndex(), modelColumn()));
+    if (m_sinceTyped.isValid() && m_sinceTyped.elapsed() > QApplication::keyboardInputInterval())
+        m_typed.clear();
+    m_typed += typed;
+    m_sinceTyped.start();
+    const int found = findText(m_typed, Qt::MatchStartsWith);
+    setCurrentIndex(found >= 0 ? found : m_ownIndex);
+    view()->setCurrentIndex(model()->index(currentIndex(), modelColumn()));
 }
 
 bool ComboEditor::eventFilter(QObject *watched, QEvent *event)

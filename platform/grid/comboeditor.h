@@ -5,6 +5,7 @@
 
 #include <QAbstractItemDelegate>
 #include <QComboBox>
+#include <QElapsedTimer>
 
 namespace grid {
 
@@ -18,13 +19,14 @@ public:
     /// Selects the item that equals the cell's text, none if there is no such item.
     ComboEditor(const QStringList &items, const QString &cellText, QWidget *parent);
 
-    /// Opens the list. Typed characters select the first item that begins with them, if there is
-    /// one, and those that are typed next go on from there: "0", then "4" select "04".
+    /// Opens the list. Typed characters select the first item that begins with them, or if there
+    /// is none, the one that the cell has. Those that are typed soon after go on from there: "0",
+    /// then "4" select "04".
     void open(const QString &typed);
 
 Q_SIGNALS:
     /// The user is done with the list; commit is false when the old text is to stay. The hint
-    /// says whether Tab or Shift+Tab was the way out.
+    /// says whether the next cell comes, after a choice or Tab, or the one before, after Shift+Tab.
     void finished(bool commit, QAbstractItemDelegate::EndEditHint hint);
 
 protected:
@@ -33,6 +35,10 @@ protected:
 private:
     bool handleListKey(const QKeyEvent &event);
     void search(const QString &typed);
+
+    int m_ownIndex = -1; ///< of the cell's text
+    QString m_typed;
+    QElapsedTimer m_sinceTyped;
 };
 
 } // namespace grid

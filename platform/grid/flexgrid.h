@@ -104,8 +104,9 @@ Q_SIGNALS:
     /// refuse the edit by setEditable(false).
     void beforeEdit(int row, int col);
     /// Once for each edit, committed or not, when the cell has its text and the editor is gone.
-    /// Tab then goes on to the next column if the handler leaves the current cell alone.
-    void afterEdit(int row, int col);
+    /// The step is +1 after Tab or a choice from a list, -1 after Shift+Tab, else 0: so many
+    /// columns further is the next current cell if the handler leaves the current cell alone.
+    void afterEdit(int row, int col, int step);
 
 protected:
     void changeEvent(QEvent *event) override;

@@ -146,12 +146,13 @@ void FlexGrid::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint h
     QTableView::closeEditor(editor, QAbstractItemDelegate::NoHint);
     if (hadFocus)
         setFocus();
-    Q_EMIT afterEdit(edited.row, edited.col);
+    const int step = hint == QAbstractItemDelegate::EditNextItem       ? +1
+                     : hint == QAbstractItemDelegate::EditPreviousItem ? -1
+                                                                       : 0;
+    Q_EMIT afterEdit(edited.row, edited.col, step);
     const bool hasMoved = currentRow() != edited.row || currentCol() != edited.col;
-    if (!hasMoved && hint == QAbstractItemDelegate::EditNextItem)
-        stepColumn(+1);
-    else if (!hasMoved && hint == QAbstractItemDelegate::EditPreviousItem)
-        stepColumn(-1);
+    if (!hasMoved && step != 0)
+        stepColumn(step);
 }
 
 /// Makes the nearest shown column to the right (+1) or to the left (-1) the current one, if any.

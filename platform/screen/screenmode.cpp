@@ -8,10 +8,15 @@
 
 namespace screen {
 
-QSize currentMode()
+Mode currentMode()
 {
     const QScreen *screen = QGuiApplication::primaryScreen();
-    return screen ? screen->size() : QSize(0, 0);
+    return screen ? Mode {.size = screen->size(), .bitsPerPixel = screen->depth()} : Mode {};
+}
+
+bool hasMode(int number)
+{
+    return number == 0 && QGuiApplication::primaryScreen();
 }
 
 } // namespace screen

@@ -7,8 +7,19 @@
 
 namespace screen {
 
-/// The size of the main display as the system has set it, in the pixels that windows are laid out
-/// in: several that are shown as one count as one. Empty if there is no display.
-QSize currentMode();
+/// How a display shows its picture.
+struct Mode
+{
+    QSize size {
+        0, 0}; ///< in the pixels that windows are laid out in: several shown as one count as one
+    int bitsPerPixel = 0;
+};
+
+/// The mode that the main display is in; all 0 if there is no display.
+Mode currentMode();
+
+/// Whether the main display has a mode of that number; they count from 0. Where the system tells of
+/// the current mode alone, that is number 0.
+bool hasMode(int number);
 
 } // namespace screen

@@ -34,9 +34,11 @@ const QString usualPass = QStringLiteral(
     "click cmdOK;maybe page dhtmThings;tab 1;maybe page dhtmPopular;tab 4;maybe page dhtmHelp;"
     "tab 5;maybe page dhtmlAbout;tab 2;click optSearch_2;paste txtSearchName anna;"
     "click cmdSearch;print lblRecStatus;tick msSearchList 0;print lblRecSelected;click cmdSave;"
-    "tab 3;maybe rows msfPrevTopN;maybe rows msfResult;maybe click cmdNext;"
-    "maybe rows msfInitial;maybe click cmdPrintInitial;maybe page WebBrowser1;"
-    "maybe close frmPrintTopN;answer yes;close frmInfo");
+    "tab 3;maybe rows msfPrevTopN;maybe rows msfResult;maybe click cmdPrintTopN;maybe page "
+    "WebBrowser1;"
+    "maybe close frmPrintTopN;maybe click cmdNext;maybe rows msfInitial;"
+    "maybe click cmdPrintInitial;maybe page WebBrowser1;maybe close frmPrintTopN;answer yes;"
+    "close frmInfo");
 
 /// Runs a statement on the database of a folder.
 /// @return the first value it yields
@@ -144,6 +146,13 @@ const QString couldNotConnect = QStringLiteral("says “Failed to connect databa
 const QString isCorrupted = QStringLiteral("says “Database is corrupted!” and ends");
 const QString worksAsEver = QStringLiteral("works as ever");
 
+/// What is said of a report of the ranking that can't be made, the engine's text first.
+QString noRankingReport(const char *number, const QString &text)
+{
+    return u"says “" % text % u"”, “Failed to print top 10 report!”, “" % QLatin1String(number)
+           % u" : " % text % u"” and goes on";
+}
+
 /// A small file system of its own, for a program folder.
 class SmallDisk
 {
@@ -230,6 +239,9 @@ private Q_SLOTS:
             change("Tovarin.mdb",
                    [](QByteArray &bytes) { bytes.replace(0, 4096, QByteArray(4096, '\0')); }),
             couldNotConnect);
+        row("no table for the last page", statement("drop table tbltemp"), worksAsEver);
+        row("no table for the report of the ranking", statement("drop table TEMPTOPN"),
+            noRankingReport("1", QStringLiteral("There is no table named \"TEMPTOPN\".")));
         row("no page files", ofAllPages([](const char *page) { return withoutFile(page); }),
             worksAsEver);
         row("page files that are no HTML", ofAllPages([](const char *page) {
@@ -257,7 +269,7 @@ private Q_SLOTS:
         const QString outcome = outcomeOf(runProgram(folder, usualPass), m_usual);
         support::noteOutcome(QString::fromLatin1(QTest::currentDataTag()), outcome);
         QCOMPARE(outcome, expected);
-        if (expected == worksAsEver) {
+        if (!expected.endsWith(u"ends")) {
             QCOMPARE(userRows(folder).section(u'/', 2), before.section(u'/', 2));
             return;
         }
@@ -315,8 +327,9 @@ private Q_SLOTS:
         const QString outcome = outcomeOf(run, m_usual);
         support::noteOutcome(QStringLiteral("the folder is read-only"), outcome);
         QCOMPARE(outcome,
-                 QStringLiteral("says “The database is read-only, so nothing was changed. Please "
-                                "check that you may write to the program's folder.” and goes on"));
+                 noRankingReport("8", QStringLiteral("The database is read-only, so nothing was "
+                                                     "changed. Please check that you may write to "
+                                                     "the program's folder.")));
         QCOMPARE(userRows(folder), before);
     }
 
@@ -330,8 +343,9 @@ private Q_SLOTS:
         disk.fill();
         const QString outcome = outcomeOf(runProgram(folder, usualPass), m_usual);
         support::noteOutcome(QStringLiteral("the disk is full"), outcome);
-        QCOMPARE(outcome, QStringLiteral("says “The disk is full, so nothing was changed. Please "
-                                         "free some space and try again.” and goes on"));
+        QCOMPARE(outcome, noRankingReport("13", QStringLiteral("The disk is full, so nothing was "
+                                                               "changed. Please free some space "
+                                                               "and try again.")));
         QCOMPARE(userRows(folder), before);
         disk.empty();
         const QString after = outcomeOf(runProgram(folder, usualPass), m_usual);

@@ -9,6 +9,7 @@
 #include "tests/support/boxes.h"
 #include "tests/support/sampledatabase.h"
 
+#include <QClipboard>
 #include <QFileDialog>
 #include <QPrinterInfo>
 #include <QPushButton>
@@ -128,6 +129,23 @@ private Q_SLOTS:
         QCOMPARE(textOf(view).toPlainText().remove(QChar::ObjectReplacementCharacter).simplified(),
                  QStringLiteral("1 Ann"));
         QCOMPARE(picturesIn(view).size(), 1);
+        // A report can be printed, but its text not be taken away; with a page it is the other way
+        // round.
+        auto *button = view.findChild<QPushButton *>(QStringLiteral("cmdPrintPage"));
+        const auto copied = [&view] {
+            QGuiApplication::clipboard()->clear();
+            for (const Qt::Key key : {Qt::Key_A, Qt::Key_C})
+                QTest::keyClick(&textOf(view), key, Qt::ControlModifier);
+            return QString(QGuiApplication::clipboard()->text()
+                           % textOf(view).textCursor().selectedText());
+        };
+        QVERIFY(!button->isHidden());
+        QCOMPARE(copied(), QString());
+        view.showFile(folder.file("b.htm"));
+        QVERIFY(button->isHidden());
+        QVERIFY(copied().startsWith(u"second"));
+        view.showBlank({});
+        view.setInnerHtml(QStringLiteral("Ann"));
         follow(view, QStringLiteral("b.htm"));
         QVERIFY(textOf(view).toPlainText().contains(u"Ann"));
     }

@@ -2,12 +2,16 @@
 // SPDX-License-Identifier: MIT
 
 #include "db/basdatabase.h"
+#include "platform/access/connection.h"
 #include "platform/browser/browserpane.h"
 #include "reports/reportdata.h"
 #include "tests/reports/reportfolder.h"
 #include "tests/support/boxes.h"
+#include "tests/support/brokendisks.h"
 
 #include <QTest>
+
+#include <optional>
 
 using support::Box;
 using support::BoxReader;
@@ -87,21 +91,49 @@ private Q_SLOTS:
                                                    QStringLiteral("D'Arcy|Irish|G|2|Y")}));
     }
 
+    void tempTopN_thatCannotBeEmptied_printsNothing_data()
+    {
+        QTest::addColumn<QString>("fault");
+        QTest::addColumn<QString>("told");
+        QTest::addRow("missing") << "missing"
+                                 << "1 : There is no table named \"TEMPTOPN\".";
+        QTest::addRow("locked")
+            << "locked"
+            << "5 : The database is in use by another program, so nothing was changed. "
+               "Please try again in a moment.";
+        QTest::addRow("read-only")
+            << "read-only"
+            << "8 : The database is read-only, so nothing was changed. Please check "
+               "that you may write to the program's folder.";
+    }
+
     void tempTopN_thatCannotBeEmptied_printsNothing()
     {
-        const ReportFolder folder;
-        // The connection's own table, then the file's.
-        for (int i = 0; i < 2; ++i)
+        QFETCH(QString, fault);
+        QFETCH(QString, told);
+        const ReportFolder folder(sampleRows());
+        dbaccess::Connection other;
+        std::optional<support::ReadOnlyFolder> readOnly;
+        if (fault == u"missing") {
             QVERIFY(basDatabase::ExecuteSQL(QStringLiteral("drop table TEMPTOPN")));
+        } else if (fault == u"locked") {
+            basDatabase::ExecuteSQL(QStringLiteral("pragma busy_timeout = 1"));
+            other.open(basDatabase::ConnectionText(support::samplePassword()));
+            other.execute(QStringLiteral("begin immediate"));
+        } else {
+            basDatabase::CloseDatabase();
+            readOnly.emplace(folder.folder());
+            basDatabase::OpenDatabase();
+        }
         BoxReader reader;
         QVERIFY(!reports::FillTempTopN(QStringLiteral("10")));
-        const auto error = [](const char *text) {
-            return Box {QMessageBox::Critical, QStringLiteral("Error"), QLatin1String(text)};
+        const auto error = [](const QString &text) {
+            return Box {QMessageBox::Critical, QStringLiteral("Error"), text};
         };
-        QCOMPARE(reader.boxes(),
-                 (std::vector {error("There is no table named \"TEMPTOPN\"."),
-                               error("Failed to print top 10 report!"),
-                               error("1 : There is no table named \"TEMPTOPN\".")}));
+        QCOMPARE(
+            reader.boxes(),
+            (std::vector {error(told.mid(4)),
+                          error(QStringLiteral("Failed to print top 10 report!")), error(told)}));
     }
 };
 

@@ -143,8 +143,19 @@ private Q_SLOTS:
     {
         const ReportFolder folder(sampleRows());
         reports::FillTempTopN(QStringLiteral("10"));
+        QStringList tables;
+        basDatabase::WatchStatements(
+            [&](const QString &sql) { tables.append(sql.section(u' ', 3, 3)); });
         Report report;
+        basDatabase::WatchStatements({});
+        QCOMPARE(tables, QStringList({QStringLiteral("tblTopN"), QStringLiteral("TEMPTOPN")}));
         QCOMPARE(report.window.windowTitle(), QStringLiteral("Top 10 Tovarin Names Report"));
+        QCOMPARE(frmPrintTopN::paneSizes.large, QSize(14360, 10520));
+        QCOMPARE(frmPrintTopN::paneSizes.small, QSize(8600, 6200));
+        QCOMPARE(report.pane().size(), layout::sizeForScreen(frmPrintTopN::paneSizes));
+        const QPoint offCentre =
+            report.window.geometry().center() - report.window.screen()->geometry().center();
+        QVERIFY(offCentre.manhattanLength() < 10);
         const QString header = QStringLiteral("No.|Name|Origin|Boy/Girl|Meaning");
         QCOMPARE(report.tables(), QStringList({header, QStringLiteral("1|Gone|Old Norse|B|"),
                                                QStringLiteral("2|D'Arcy|Irish|B|dark"), header,
@@ -154,6 +165,8 @@ private Q_SLOTS:
         QCOMPARE(report.run("getComputedStyle(document.body).fontSize").toString(),
                  QStringLiteral("15px")); // the style sheet is there
         QTRY_VERIFY(report.run("document.images[0].naturalWidth").toInt() > 0);
+        // Pages know that the desktop is dark, see main().
+        QVERIFY(report.run("matchMedia('(prefers-color-scheme: dark)').matches").toBool());
 
         // Text can't be selected, and no menu opens.
         report.view()->page()->triggerAction(QWebEnginePage::SelectAll);
@@ -177,8 +190,13 @@ private Q_SLOTS:
         QCOMPARE(report.tables().size(), 3);
         report.window.close();
         report.show(PrintReportType::Initial);
-        report.waitForPage();
+        // Who prints at once gets the report, and not what it is to be put into.
+        QVERIFY(QTest::qWaitForWindowActive(&report.window));
+        QTest::keyClick(&report.window, Qt::Key_P, Qt::ControlModifier);
+        QPrintDialog *dialog = Report::waitForDialog();
+        QVERIFY(dialog);
         QCOMPARE(report.tables().size(), 1);
+        dialog->reject();
     }
 
     void lostPage_comesBack()
@@ -224,6 +242,31 @@ private Q_SLOTS:
         }
         QCOMPARE(found, rows);
         QVERIFY(!text.contains(u"Print"));
+    }
+
+    /// First names and initials stay whole beside all that people write, and the file has a title.
+    void printing_breaksNoNames()
+    {
+        const ReportFolder folder(
+            {fullName(
+                 QStringLiteral("'Aleksandra','Margaret Elizabeth','Featherstonehaugh-Wellesley',"
+                                "'K. L.','AMFK. L.'")),
+             fullName(
+                 QStringLiteral("'Maximiliano','Konstantin Alexander Ferdinand','Ng','','MKN'")),
+             fullName(QStringLiteral("'Maaike','Oluwaseun','Van den Broeck','S.J.','MOVS.J.'")),
+             fullName(u"'Eva','" % QString(90, u'q') % u"','Ng','','EqN'")});
+        Report report(PrintReportType::Initial);
+        const QString file = folder.file(QStringLiteral("names.pdf"));
+        report.print(file);
+        const QString text = pdfText(file);
+        for (const char *whole : {"Aleksandra", "AMFK. L.", "Maximiliano", "MKN", "Maaike",
+                                  "MOVS.J.", "Eva", "EqN", "Oluwaseun", "Margaret", "Konstantin"})
+            QVERIFY2(text.contains(QLatin1String(whole)), qPrintable(text));
+        QCOMPARE(text.count(u'q'), 91);
+        QProcess reader;
+        reader.start(QStringLiteral("pdfinfo"), {file});
+        reader.waitForFinished();
+        QVERIFY(reader.readAllStandardOutput().contains("Title:           Tovarin Full Name and"));
     }
 
     void printing_oneJobAtATime_tellsHowItEnded()
@@ -319,6 +362,7 @@ int main(int argc, char *argv[])
     browser::prepareProcess();
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setPalette(QPalette(QColor(40, 44, 52))); // a dark desktop
     TestReports tests;
     return QTest::qExec(&tests, argc, argv);
 }

@@ -97,12 +97,6 @@ class Reader:
     def type(self, text):
         subprocess.run(["xdotool", "type", "--delay", "20", text], check=True)
 
-    def click_focus(self):
-        """Brings the mouse to where the focus is and clicks, as screen readers do on request."""
-        box = self.focus.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
-        pyatspi.Registry.generateMouseEvent(
-            box.x + box.width // 2, box.y + box.height // 2, pyatspi.MOUSE_B1C)
-
 
 def parts(root, is_wanted):
     """A part and what it holds, but of a table within it only the headings of a grid: tables have

@@ -5,10 +5,12 @@
 #include "tests/search/searchtab.h"
 #include "tests/support/boxes.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QTest>
+#include <QWheelEvent>
 
 class TestBrowse : public QObject
 {
@@ -87,6 +89,80 @@ private Q_SLOTS:
         QCOMPARE(press("txtSearchName", Qt::Key_X), u'-');
         QCOMPARE(tab.control<QLineEdit>("txtSearchName")->text(), QStringLiteral("x"));
         QVERIFY(!QGuiApplication::overrideCursor());
+    }
+
+    void origin_countsAsItIsTyped()
+    {
+        Tab tab(support::entries({"Anna|B|Hebrew|grace", "Noah|B|Irish|rest"}));
+        QString count;
+        basDatabase::WatchStatements([&](const QString &sql) {
+            if (sql.startsWith(u"select count(*) from tblmaster, "))
+                count = sql;
+        });
+        QLineEdit *origin = tab.control<QComboBox>("cboOrigin")->lineEdit();
+        tab.page().window()->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(tab.page().window()));
+        origin->setFocus();
+        for (const char *typed : {"al", "Ir"}) {
+            origin->selectAll();
+            QTest::keyClicks(origin, QLatin1String(typed));
+            QCOMPARE(origin->text(), QLatin1String(typed));
+            // The list that opens below does not hold Enter back.
+            QWidget *offered = QApplication::activePopupWidget();
+            QVERIFY(offered);
+            QTest::keyClick(offered, Qt::Key_Return);
+            QVERIFY(!offered->isVisible());
+            QVERIFY2(count.contains(u"and org_desc = '" % QLatin1String(typed) % u"' "),
+                     qPrintable(count));
+        }
+    }
+
+    void wheel_changesOnlyTheListThatHasTheFocus()
+    {
+        Tab tab(support::entries({"Anna|B|Hebrew|grace"}));
+        tab.page().window()->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(tab.page().window()));
+        for (const char *name : {"cboNameCondition", "cboOrigin", "cboAlphabet"}) {
+            auto *list = tab.control<QComboBox>(name);
+            for (const bool isFocused : {false, true}) {
+                if (isFocused)
+                    list->setFocus();
+                const QPointF at = list->rect().center();
+                QWheelEvent turn(at, list->mapToGlobal(at), {}, QPoint(0, -120), {}, {},
+                                 Qt::NoScrollPhase, false);
+                QApplication::sendEvent(list, &turn);
+                QCOMPARE(list->currentIndex(), isFocused ? 1 : 0);
+                QCOMPARE(list->hasFocus(), isFocused);
+            }
+        }
+    }
+
+    /// What is on screen each time that the database is asked for a page.
+    void screen_saysThatAPageIsOnItsWay()
+    {
+        std::vector<dictionary::Entry> entries;
+        for (int i = 0; i < 301; ++i)
+            entries.push_back({QStringLiteral("Name %1").arg(i), u'B', QStringLiteral("Irish"),
+                               QStringLiteral("meaning")});
+        Tab tab(entries);
+        QStringList seen;
+        basDatabase::WatchStatements([&](const QString &sql) {
+            const QCursor *cursor = QGuiApplication::overrideCursor();
+            const bool isWaiting = cursor && cursor->shape() == Qt::WaitCursor;
+            if (sql.startsWith(u"select top 100 "))
+                seen.append(QStringLiteral("%1, %2, %3")
+                                .arg(isWaiting ? u"hourglass" : u"arrow",
+                                     tab.page().isVisible() ? u"grid" : u"no grid",
+                                     tab.label("lblPage")));
+        });
+        for (const char *button : {"cmdSearch", "cmdPageUp", "cmdPageUp", "cmdPageDown"})
+            tab.click(button);
+        QCOMPARE(seen,
+                 QStringList({QStringLiteral("hourglass, no grid, "), // the first page
+                              QStringLiteral("hourglass, grid, "),    // and the second, held ready
+                              QStringLiteral("arrow, no grid, Page 2 of 4"),
+                              QStringLiteral("arrow, no grid, Page 3 of 4"),
+                              QStringLiteral("arrow, no grid, Page 2 of 4")}));
     }
 
     void nullsFromTheDatabase_areEmptyCells()

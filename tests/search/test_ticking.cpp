@@ -49,6 +49,10 @@ private Q_SLOTS:
     void click_ticksAndUnticksAtOnce()
     {
         const Tab tab(someEntries());
+        tab.page().window()->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(tab.page().window()));
+        tab.page().setFocus();
+        QTest::keyClick(&tab.page(), Qt::Key_Insert); // there is nothing to tick yet
         tab.click("cmdSearch");
         QStringList statements;
         basDatabase::WatchStatements([&](const QString &sql) { statements.append(sql); });
@@ -76,8 +80,12 @@ private Q_SLOTS:
         tab.clickCell(2, search::TickColumn);
         QCOMPARE(tickedNames(), QStringList({QStringLiteral("Anna|Irish|B"),
                                              QStringLiteral("O'Neil|Côte d'Or|B")}));
-        for (const int row : {2, 3})
-            tab.clickCell(row, search::TickColumn);
+        // Insert does the same, wherever in its row the current cell is.
+        for (const int row : {2, 3}) {
+            tab.page().setCurrentCell(row, search::NameColumn);
+            QTest::keyClick(&tab.page(), Qt::Key_Insert);
+            QCOMPARE(tab.page().currentCol(), int(search::TickColumn));
+        }
         QCOMPARE(tickedNames(), QStringList());
         QCOMPARE(said(3), QStringLiteral("not ticked"));
         QCOMPARE(table(QStringLiteral("select distinct name_select from tblmaster")),

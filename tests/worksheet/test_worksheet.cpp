@@ -169,11 +169,21 @@ private Q_SLOTS:
 
     void typing_editsCellByCell()
     {
-        const Step step(lines("Anna"));
+        const Step step(lines("Anna\nBea"));
         QCOMPARE(step.grid().currentCol(), int(MiddleColumn));
-        step.type("Ann\tSmith\tK.L.\t");
-        QCOMPARE(step.rows().at(0), QStringLiteral("1||Anna|Ann|Smith|K.L.|AASK.L."));
-        // Behind the last part nothing can be typed.
+        // Behind the last part comes the next name, beginning with what is open in it.
+        step.type("Ann\tSmith\tK.L.\tMary\tNg\t");
+        QCOMPARE(step.rows().first(2),
+                 lines("1||Anna|Ann|Smith|K.L.|AASK.L.\n2||Bea|Mary|Ng||BMN"));
+        step.grid().setCurrentCell(2, OtherColumn);
+        step.type("O.\t");
+        QCOMPARE(step.grid().currentRow(), 3);
+        QCOMPARE(step.grid().currentCol(), int(FirstColumn));
+        // A first name that is chosen leads to the middle name.
+        step.type("B\nMia\n");
+        QCOMPARE(step.rows().at(2), QStringLiteral("3||Bea|Mia|||BM"));
+        // Initials can't be typed.
+        step.grid().setCurrentCell(1, InitialsColumn);
         step.type("x");
         QVERIFY(!step.grid().isEditing());
         clickCell(step.grid(), 1, MiddleColumn);
@@ -212,6 +222,18 @@ private Q_SLOTS:
         QCOMPARE(step.rows(), lines("1||Anna||||A\n2||||||"));
         step.click("cmdBack");
         QCOMPARE(step.back.size(), 1);
+
+        // A click on Save that ends such an edit is over before the message comes.
+        clickCell(step.grid(), 2, LastColumn);
+        step.type("Smith");
+        const auto *button = step.frame.findChild<QPushButton *>(QStringLiteral("cmdSaveInitial"));
+        QWidget *window = button->window();
+        const QPoint place = button->mapTo(window, button->rect().center());
+        QTest::mousePress(window->windowHandle(), Qt::LeftButton, {}, place);
+        QCoreApplication::processEvents();
+        QTest::mouseRelease(window->windowHandle(), Qt::LeftButton, {}, place);
+        QTRY_VERIFY(!reader.boxes().empty());
+        QCOMPARE(reader.take(), std::vector {warning("Please select the First Name!")});
 
         // Save by its key finds the same text still in its editor, and saves nothing.
         for (const char *button : {"cmdSaveInitial", "cmdBack", "cmdPrintInitial"}) {
@@ -303,8 +325,10 @@ private Q_SLOTS:
     void failedSave_isToldAndLosesNothing()
     {
         BoxReader reader(QMessageBox::No);
-        const Step step(lines("Anna\nBea"));
-        // The second row then fails.
+        const Step step(lines("Anna\nBea\nEva"));
+        step.grid().setCurrentCell(3, LastColumn);
+        step.type("Ng\n");
+        // The second row then fails, and the third does not.
         basDatabase::ExecuteSQL(
             QStringLiteral("create unique index full on tblinitial(init_third)"));
         const QStringList shown = step.rows();
@@ -312,12 +336,13 @@ private Q_SLOTS:
         QCOMPARE(reader.boxes().size(), std::size_t(1));
         QCOMPARE(reader.take().front().icon, QMessageBox::Critical);
         QCOMPARE(step.rows(), shown);
+        QCOMPARE(savedRows(), lines("Anna||||A\nEva||Ng||EN"));
         step.click("cmdBack");
         QCOMPARE(reader.take(), std::vector {goBack});
         basDatabase::ExecuteSQL(QStringLiteral("drop index full"));
         step.click("cmdSaveInitial");
         QCOMPARE(reader.take(), std::vector {saved});
-        QCOMPARE(savedRows(), lines("Anna||||A\nBea||||B"));
+        QCOMPARE(savedRows(), lines("Anna||||A\nBea||||B\nEva||Ng||EN"));
     }
 };
 
