@@ -58,6 +58,7 @@ void frmPrintTopN::load()
     pane().setAccessibleName(windowTitle());
     note(
         QStringLiteral("The Print button at the end of the report prints it or makes a PDF file."));
+    m_rightButton.emplace();
     m_isReportDue = true;
     m_isPrintDue = false;
     pane().navigateToBlank({.title = windowTitle(),
@@ -70,6 +71,12 @@ void frmPrintTopN::load()
            paneSize.height() + margins.top() + margins.bottom() + QWidget::layout()->spacing()
                + m_note->sizeHint().height());
     basResize::CentreForm(*this);
+}
+
+void frmPrintTopN::closeEvent(QCloseEvent *event)
+{
+    PaneWindow::closeEvent(event);
+    m_rightButton.reset();
 }
 
 /// Whatever else completes later, such as a refused link, is not a new document.

@@ -4,7 +4,10 @@
 #pragma once
 
 #include "layout/placements.h"
+#include "platform/browser/rightbuttonblock.h"
 #include "reports/panewindow.h"
+
+#include <optional>
 
 class QLabel;
 
@@ -38,6 +41,9 @@ public:
 Q_SIGNALS:
     void printingEnded();
 
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
 private:
     void load();
     void buildReport();
@@ -46,6 +52,7 @@ private:
     void tellPrintResult(const browser::PrintResult &result);
     void note(const QString &text);
 
+    std::optional<browser::RightButtonBlock> m_rightButton; ///< while the window is loaded
     QLabel *m_note; ///< lblPrintNote, says what printing has come to
     PrintReportType m_printReportType = PrintReportType::TopN;
     QString m_topN;

@@ -70,9 +70,8 @@ void tellOfDarkDesktop()
                         < palette.color(QPalette::WindowText).lightness();
     constexpr char flags[] = "QTWEBENGINE_CHROMIUM_FLAGS";
     const QByteArray given = qgetenv(flags);
-    constexpr QByteArrayView setting = "--blink-settings=";
-    if (isDark && !given.contains(setting)) // the user's own
-        qputenv(flags, given + ' ' + setting.toByteArray() + "preferredColorScheme=0");
+    if (isDark && !given.contains("--blink-settings=")) // the user's own
+        qputenv(flags, QByteArray(given).append(" --blink-settings=preferredColorScheme=0"));
 }
 
 } // namespace
