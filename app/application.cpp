@@ -9,7 +9,9 @@
 #include <QAccessibleWidget>
 #include <QFrame>
 #include <QIcon>
+#include <QProcess>
 #include <QPushButton>
+#include <QSettings>
 
 #include <optional>
 
@@ -41,6 +43,9 @@ Application::Application(int &argc, char **argv) : QApplication(argc, argv)
     setQuitOnLastWindowClosed(false);
     setStyle(new ReadableStyle);
     QAccessible::installFactory(accessibleFrame);
+    // Where nothing can be written: dialogs that ask for files would leave a file of their own in
+    // the user's settings.
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QProcess::nullDevice());
     QIcon icon;
     for (const int size : {16, 24, 32, 48, 64, 128, 256})
         icon.addFile(QStringLiteral(":/app/tovarin-%1.png").arg(size), QSize(size, size));

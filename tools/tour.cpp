@@ -175,21 +175,20 @@ private:
         takePicture(main, "shortlist");
     }
 
-    /// Gives ranks by drop-down lists and by the list of free ranks, and saves them.
+    /// Gives ranks by the list of free ranks and by a drop-down list, and saves them.
     void rank(QWidget *main)
     {
-        for (const int row : {4, 1}) {
-            clickCell(main, "msfResult", row, 6);
-            QTest::keyClick(openList(), Qt::Key_Home);
-            if (row == 1)
-                takePicture(openList()->window(), "rank-list");
-            QTest::keyClick(openList(), Qt::Key_Return);
-        }
-        clickCell(main, "msfResult", 3, 1);
         auto *ranks = static_cast<QListWidget *>(child(main, "lstTopNList"));
-        const QRect first = ranks->visualItemRect(ranks->item(1));
-        QTest::mouseClick(ranks->viewport(), Qt::LeftButton, {}, first.center());
+        for (const int row : {4, 1}) {
+            clickCell(main, "msfResult", row, 1);
+            const QRect first = ranks->visualItemRect(ranks->item(0));
+            QTest::mouseClick(ranks->viewport(), Qt::LeftButton, {}, first.center());
+        }
         takePicture(main, "ranked");
+        clickCell(main, "msfResult", 3, 6);
+        QTest::keyClick(openList(), Qt::Key_Home);
+        takePicture(openList()->window(), "rank-list");
+        QTest::keyClick(openList(), Qt::Key_Return);
         answerQuestion(main, "ranking-saved", QMessageBox::Ok);
         QTest::mouseClick(child(main, "cmdSaveTopN"), Qt::LeftButton);
     }
@@ -197,7 +196,7 @@ private:
     /// Types full names, with Tab from part to part, saves them and goes back to the ranking.
     void composeNames(QWidget *main)
     {
-        for (const char *name : {"Marie;Okonkwo;", "Rose;Okonkwo;K.L."}) {
+        for (const char *name : {"Marie;Okonkwo;", "Samuel;Okonkwo;K.L."}) {
             const int row = *name == 'M' ? 1 : 2;
             clickCell(main, "msfInitial", row, 3);
             for (const QString &part : QString::fromLatin1(name).split(u';')) {

@@ -8,6 +8,7 @@
 #include "platform/browser/printjob.h"
 
 #include <QAccessible>
+#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QVBoxLayout>
@@ -37,6 +38,8 @@ void prepareProcess()
     // The browser's sandbox can't work for the superuser, and for nobody else is it given up.
     if (geteuid() == 0)
         qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+    // Pages are drawn as quickly without a file of what the graphics card has been told.
+    QCoreApplication::setAttribute(Qt::AA_DisableShaderDiskCache);
     // Without this, pages stay silent in a screen reader.
     qputenv("QTWEBENGINE_ENABLE_LINUX_ACCESSIBILITY", "1");
 }
