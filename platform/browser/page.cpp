@@ -106,7 +106,11 @@ void Page::showFile(const QString &path)
     settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, false);
     if (isReadable(path)) {
         m_isOwn = false;
-        load(QUrl::fromLocalFile(path));
+        // Each time another address, by what files take no notice of: the one that is shown would
+        // only be refreshed, and stay where the reader has left it.
+        QUrl url = QUrl::fromLocalFile(path);
+        url.setQuery(QString::number(++m_filesShown));
+        load(url);
     } else {
         // The engine's own page for it would need scripts.
         showOwn(notFoundHtml(path));

@@ -40,6 +40,7 @@ protected:
 private:
     void showOwn(const QString &html);
 
+    int m_filesShown = 0;
     bool m_isOwn = false; ///< what is shown is no file, but made here
 };
 

@@ -126,14 +126,24 @@ private Q_SLOTS:
     void pane_showsAPageOrThatItIsMissing()
     {
         const ReportFolder folder;
-        support::writeFile(folder.file(QStringLiteral("page.htm")), "<title>A page</title>");
+        support::writeFile(folder.file(QStringLiteral("page.htm")),
+                           QByteArray("<title>A page</title>")
+                               + QByteArray("<p>x</p>").repeated(300));
         browser::BrowserPane pane;
         QSignalSpy complete(&pane, &browser::BrowserPane::documentComplete);
         pane.navigate(folder.file(QStringLiteral("page.htm")));
         pane.show();
+        pane.setFocus();
         QVERIFY(complete.wait(pageTimeout));
         auto *page = pane.findChild<QWebEngineView *>()->page();
         QCOMPARE(page->title(), QStringLiteral("A page"));
+        // Loaded once more it begins anew, wherever the reader was.
+        const auto place = [page] { return page->scrollPosition().y(); };
+        QTest::keyClick(pane.focusWidget(), Qt::Key_End);
+        QTRY_VERIFY(place() > 0);
+        pane.navigate(folder.file(QStringLiteral("page.htm")));
+        QVERIFY(complete.wait(pageTimeout));
+        QTRY_COMPARE(place(), 0.0);
         pane.navigate(folder.file(QStringLiteral("none.htm")));
         QVERIFY(complete.wait(pageTimeout));
         QCOMPARE(page->title(), QStringLiteral("This page is missing"));
