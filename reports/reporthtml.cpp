@@ -7,7 +7,8 @@ namespace reports {
 
 namespace {
 
-/// Written for browsers of long ago; the second half waits for one that is gone. The first works.
+/// Keeps the text from being selected: by an event, or where a browser has a sidebar of its own, by
+/// the mouse.
 const QString selectionBlocker = QStringLiteral(
     "function disabletext(e){return false } \r"
     "function reEnable(){return true }\r"

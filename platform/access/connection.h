@@ -10,8 +10,8 @@
 
 namespace dbaccess {
 
-/// One connection to a database file, answering the program's SQL like a desktop engine: see
-/// dialect.h for what it reads, collation.h for how it compares texts.
+/// One connection to a database file. See dialect.h for the SQL that it reads, collation.h for how
+/// it compares texts.
 ///
 /// Each statement commits by itself and is on the disk when it returns. Another copy of the
 /// program may use the same file; a statement waits a few seconds for it.
