@@ -246,6 +246,8 @@ void frmInfo::focusPage()
     case WorksheetTab:
         if (m_topN->isVisible())
             m_topN->takeFocus();
+        else if (m_worksheet->isVisible())
+            m_worksheet->setFocus();
         break;
     case HelpTab:
         m_help->setFocus();
@@ -261,8 +263,12 @@ void frmInfo::focusPage()
 /// Whether a key that the tab strip has no use for has one in the page that it shows.
 bool frmInfo::isKeyOfPage(const QKeyEvent &key) const
 {
-    if (m_tabs->currentIndex() == SearchTab)
-        return !key.text().isEmpty() && key.text().front().isPrint() && key.text() != u" ";
+    if (m_tabs->currentIndex() == SearchTab) {
+        const bool isCommand =
+            key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+        const QString text = key.text().trimmed();
+        return !isCommand && !text.isEmpty() && text.front().isPrint();
+    }
     switch (key.key()) {
     case Qt::Key_Up:
     case Qt::Key_Down:

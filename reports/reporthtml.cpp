@@ -7,8 +7,7 @@ namespace reports {
 
 namespace {
 
-/// Keeps the text from being selected: by an event, or where a browser has a sidebar of its own, by
-/// the mouse.
+/// Keeps the text from being selected. The second half is for browsers that have a sidebar object.
 const QString selectionBlocker = QStringLiteral(
     "function disabletext(e){return false } \r"
     "function reEnable(){return true }\r"

@@ -84,7 +84,7 @@ void SearchFrame::setUpCriteriaLists()
     offered->popup()->setProperty("browse", static_cast<int>(BrowseMode::Search));
     offered->popup()->installEventFilter(this);
 
-    // Nor does the wheel change what it only passes over, and take the focus with it.
+    // The wheel does not give a list the focus, and changes one only where it is: eventFilter().
     for (QComboBox *list : {m_ui->cboNameCondition, m_ui->cboOrigin, m_ui->cboAlphabet})
         list->setFocusPolicy(Qt::StrongFocus);
     m_ui->cboOrigin->lineEdit()->setFocusPolicy(Qt::StrongFocus);

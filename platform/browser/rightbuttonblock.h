@@ -5,10 +5,9 @@
 
 namespace browser {
 
-/// While it lives, the right mouse button opens no menu over a page, whatever the browser control
-/// of Windows thinks of it: the clicks of the thread are seen before its windows get them. Over
-/// anything else they go on. Where that control is not, pages have no menu anyway, and nothing
-/// happens.
+/// While it lives, the right mouse button opens no menu over a page of the browser control of
+/// Windows: the clicks of the thread are seen before its windows get them. Over anything else they
+/// go on. Where there is no such control, pages have no menu anyway, and nothing happens.
 class RightButtonBlock
 {
 public:

@@ -10,8 +10,8 @@ namespace screen {
 /// How a display shows its picture.
 struct Mode
 {
-    QSize size {
-        0, 0}; ///< in the pixels that windows are laid out in: several shown as one count as one
+    /// In the pixels that windows are laid out in: several that are shown as one count as one.
+    QSize size {0, 0};
     int bitsPerPixel = 0;
 };
 
