@@ -58,7 +58,7 @@ void frmPrintTopN::load()
     pane().setAccessibleName(windowTitle());
     note(
         QStringLiteral("The Print button at the end of the report prints it or makes a PDF file."));
-    m_rightButton.emplace();
+    m_rightButtonBlock = browser::blockRightButton();
     m_isReportDue = true;
     m_isPrintDue = false;
     pane().navigateToBlank({.title = windowTitle(),
@@ -76,7 +76,7 @@ void frmPrintTopN::load()
 void frmPrintTopN::closeEvent(QCloseEvent *event)
 {
     PaneWindow::closeEvent(event);
-    m_rightButton.reset();
+    m_rightButtonBlock.reset();
 }
 
 /// Whatever else completes later, such as a refused link, is not a new document.

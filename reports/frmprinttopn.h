@@ -4,10 +4,9 @@
 #pragma once
 
 #include "layout/placements.h"
-#include "platform/browser/rightbuttonblock.h"
 #include "reports/panewindow.h"
 
-#include <optional>
+#include <memory>
 
 class QLabel;
 
@@ -52,8 +51,8 @@ private:
     void tellPrintResult(const browser::PrintResult &result);
     void note(const QString &text);
 
-    std::optional<browser::RightButtonBlock> m_rightButton; ///< while the window is loaded
-    QLabel *m_note; ///< lblPrintNote, says what printing has come to
+    std::shared_ptr<void> m_rightButtonBlock; ///< while the window is loaded
+    QLabel *m_note;                           ///< lblPrintNote, says what printing has come to
     PrintReportType m_printReportType = PrintReportType::TopN;
     QString m_topN;
     bool m_isPrintDue = false;  ///< as soon as the report is there

@@ -8,6 +8,7 @@
 #include <QUrl>
 #include <QWidget>
 
+#include <memory>
 #include <optional>
 
 namespace browser {
@@ -16,6 +17,11 @@ class PaneView;
 
 /// Sets up the process for the browser. To be called before the application object is made.
 void prepareProcess();
+
+/// For as long as what it returns is kept, the right mouse button opens no menu over a page of the
+/// browser control of Windows: the clicks of the thread are seen before its windows get them. Over
+/// anything else they go on. Null where there is no such control; pages have no menu there anyway.
+std::shared_ptr<void> blockRightButton();
 
 /// The one folder whose files the panes may show. To be called before the first pane is shown.
 void setPageFolder(const QString &folder);

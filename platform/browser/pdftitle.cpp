@@ -3,32 +3,27 @@
 
 #include "platform/browser/pdftitle.h"
 
-#include <qpdf/QPDF.hh>
-#include <qpdf/QPDFWriter.hh>
+#include <qpdf/qpdf-c.h>
+
+#include <memory>
 
 namespace browser {
 
 QByteArray withTitle(const QByteArray &pdf, const QString &title)
 {
-    try {
-        QPDF document;
-        document.setSuppressWarnings(true);
-        document.processMemoryFile("report", pdf.constData(), std::size_t(pdf.size()));
-        QPDFObjectHandle trailer = document.getTrailer();
-        if (!trailer.hasKey("/Info"))
-            trailer.replaceKey("/Info",
-                               document.makeIndirectObject(QPDFObjectHandle::newDictionary()));
-        trailer.getKey("/Info").replaceKey("/Title",
-                                           QPDFObjectHandle::newUnicodeString(title.toStdString()));
-        QPDFWriter writer(document);
-        writer.setOutputMemory();
-        writer.write();
-        const std::shared_ptr<Buffer> written = writer.getBufferSharedPointer();
-        return {reinterpret_cast<const char *>(written->getBuffer()),
-                qsizetype(written->getSize())};
-    } catch (const std::exception &) {
+    const auto end = [](qpdf_data document) { qpdf_cleanup(&document); };
+    const std::unique_ptr<_qpdf_data, decltype(end)> document(qpdf_init(), end);
+    qpdf_silence_errors(document.get());
+    qpdf_set_suppress_warnings(document.get(), QPDF_TRUE);
+    const auto hasFailed = [](QPDF_ERROR_CODE code) { return (code & QPDF_ERRORS) != 0; };
+    if (hasFailed(qpdf_read_memory(document.get(), "report", pdf.constData(),
+                                   static_cast<unsigned long long>(pdf.size()), nullptr)))
         return pdf;
-    }
+    qpdf_set_info_key(document.get(), "/Title", title.toLatin1().constData());
+    if (hasFailed(qpdf_init_write_memory(document.get())) || hasFailed(qpdf_write(document.get())))
+        return pdf;
+    return {reinterpret_cast<const char *>(qpdf_get_buffer(document.get())),
+            static_cast<qsizetype>(qpdf_get_buffer_length(document.get()))};
 }
 
 } // namespace browser

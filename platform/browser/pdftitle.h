@@ -8,8 +8,8 @@
 
 namespace browser {
 
-/// A PDF document with a title, which viewers show and some of Qt's engines leave out. What can't
-/// be read as PDF is handed back as it is.
+/// A PDF document with a title in Latin-1, which viewers show and the browser leaves out in some of
+/// its versions. What can't be read as PDF is handed back as it is.
 QByteArray withTitle(const QByteArray &pdf, const QString &title);
 
 } // namespace browser

@@ -44,6 +44,11 @@ void prepareProcess()
     qputenv("QTWEBENGINE_ENABLE_LINUX_ACCESSIBILITY", "1");
 }
 
+std::shared_ptr<void> blockRightButton()
+{
+    return nullptr;
+}
+
 PaneView *makePaneView(QWidget *parent)
 {
     return new WebEngineView(parent);

@@ -3,14 +3,14 @@
 
 // On Windows alone, and with a mouse that the system takes for a real one.
 
-#include "platform/browser/rightbuttonblock.h"
+#include "platform/browser/browserpane.h"
 
 #include <QTest>
 
 #include <qt_windows.h>
 
 #include <array>
-#include <optional>
+#include <memory>
 
 namespace {
 
@@ -71,13 +71,13 @@ class TestRightButton : public QObject
 private Q_SLOTS:
     void block_swallowsTheRightButtonOverPagesAlone()
     {
-        std::optional<browser::RightButtonBlock> block(std::in_place);
+        std::shared_ptr<void> block = browser::blockRightButton();
         {
             const Window page("Internet Explorer_Server");
             QCOMPARE(clickRight(), 0);
             block.reset();
             QCOMPARE(clickRight(), 1);
-            block.emplace();
+            block = browser::blockRightButton();
         }
         const Window other("Internet Explorer");
         QCOMPARE(clickRight(), 1);
