@@ -24,6 +24,7 @@
 #include <QTcpServer>
 #include <QTest>
 #include <QWebEnginePage>
+#include <QWebEngineScript>
 #include <QWebEngineView>
 
 #include <csignal>
@@ -36,6 +37,17 @@ using support::BoxReader;
 namespace {
 
 constexpr int pageTimeout = 20000; // milliseconds
+
+/// What a script answers in a page. Pages without scripts run it in a world of its own.
+QVariant answerOf(QWebEnginePage &page, const char *script,
+                  QWebEngineScript::ScriptWorldId world = QWebEngineScript::MainWorld)
+{
+    const auto answer = std::make_shared<std::optional<QVariant>>();
+    page.runJavaScript(QLatin1String(script), world,
+                       [answer](const QVariant &result) { *answer = result; });
+    const bool isThere = QTest::qWaitFor([answer] { return answer->has_value(); }, pageTimeout);
+    return isThere ? **answer : QVariant();
+}
 
 /// The report window as its buttons open it.
 class Report
@@ -59,14 +71,7 @@ public:
     QString note() { return window.findChild<QLabel *>(QStringLiteral("lblPrintNote"))->text(); }
 
     /// What a script answers in the page.
-    QVariant run(const char *script)
-    {
-        const auto answer = std::make_shared<std::optional<QVariant>>();
-        view()->page()->runJavaScript(QLatin1String(script),
-                                      [answer](const QVariant &result) { *answer = result; });
-        const bool isThere = QTest::qWaitFor([answer] { return answer->has_value(); }, pageTimeout);
-        return isThere ? **answer : QVariant();
-    }
+    QVariant run(const char *script) { return answerOf(*view()->page(), script); }
 
     /// The tables of the page, a line for each row, "|" between the cells.
     QStringList tables()
@@ -138,12 +143,14 @@ private Q_SLOTS:
         auto *page = pane.findChild<QWebEngineView *>()->page();
         QCOMPARE(page->title(), QStringLiteral("A page"));
         // Loaded once more it begins anew, wherever the reader was.
-        const auto place = [page] { return page->scrollPosition().y(); };
+        const auto place = [page] {
+            return answerOf(*page, "scrollY", QWebEngineScript::ApplicationWorld);
+        };
         QTest::keyClick(pane.focusWidget(), Qt::Key_End);
-        QTRY_VERIFY(place() > 0);
+        QTRY_VERIFY(place().toDouble() > 0);
         pane.navigate(folder.file(QStringLiteral("page.htm")));
         QVERIFY(complete.wait(pageTimeout));
-        QTRY_COMPARE(place(), 0.0);
+        QCOMPARE(place(), QVariant(0));
         pane.navigate(folder.file(QStringLiteral("none.htm")));
         QVERIFY(complete.wait(pageTimeout));
         QCOMPARE(page->title(), QStringLiteral("This page is missing"));
@@ -258,19 +265,16 @@ private Q_SLOTS:
     void printing_breaksNoNames()
     {
         const ReportFolder folder(
-            {fullName(
-                 QStringLiteral("'Aleksandra','Margaret Elizabeth','Featherstonehaugh-Wellesley',"
-                                "'K. L.','AMFK. L.'")),
-             fullName(
-                 QStringLiteral("'Maximiliano','Konstantin Alexander Ferdinand','Ng','','MKN'")),
+            {fullName(QStringLiteral("'Aleksandra','Margaret Elizabeth Josephine','Cholmondeley "
+                                     "Featherstonehaugh','K. L. Christopher','AMCK. L. C.'")),
              fullName(QStringLiteral("'Maaike','Oluwaseun','Van den Broeck','S.J.','MOVS.J.'")),
              fullName(u"'Eva','" % QString(90, u'q') % u"','Ng','','EqN'")});
         Report report(PrintReportType::Initial);
         const QString file = folder.file(QStringLiteral("names.pdf"));
         report.print(file);
         const QString text = pdfText(file);
-        for (const char *whole : {"Aleksandra", "AMFK. L.", "Maximiliano", "MKN", "Maaike",
-                                  "MOVS.J.", "Eva", "EqN", "Oluwaseun", "Margaret", "Konstantin"})
+        for (const char *whole : {"Aleksandra", "AMCK. L. C.", "Maaike", "MOVS.J.", "Eva", "EqN",
+                                  "Oluwaseun", "Josephine", "Cholmondeley", "Christopher"})
             QVERIFY2(text.contains(QLatin1String(whole)), qPrintable(text));
         QCOMPARE(text.count(u'q'), 91);
         QProcess reader;

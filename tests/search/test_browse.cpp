@@ -11,6 +11,7 @@
 #include <QRadioButton>
 #include <QTest>
 #include <QWheelEvent>
+#include <QWindow>
 
 class TestBrowse : public QObject
 {
@@ -127,10 +128,11 @@ private Q_SLOTS:
             for (const bool isFocused : {false, true}) {
                 if (isFocused)
                     list->setFocus();
-                const QPointF at = list->rect().center();
-                QWheelEvent turn(at, list->mapToGlobal(at), {}, QPoint(0, -120), {}, {},
-                                 Qt::NoScrollPhase, false);
-                QApplication::sendEvent(list, &turn);
+                const QPointF place = list->mapTo(list->window(), QPoint(9, 9));
+                QWheelEvent turn(place, list->window()->mapToGlobal(place), {}, QPoint(0, -120), {},
+                                 {}, Qt::NoScrollPhase, false);
+                QSpontaneKeyEvent::setSpontaneous(&turn); // as one of the system's
+                qApp->notify(list->window()->windowHandle(), &turn);
                 QCOMPARE(list->currentIndex(), isFocused ? 1 : 0);
                 QCOMPARE(list->hasFocus(), isFocused);
             }

@@ -226,11 +226,12 @@ private Q_SLOTS:
         // A click on Save that ends such an edit is over before the message comes.
         clickCell(step.grid(), 2, LastColumn);
         step.type("Smith");
-        const auto *button = step.frame.findChild<QPushButton *>(QStringLiteral("cmdSaveInitial"));
-        QWidget *window = button->window();
-        const QPoint place = button->mapTo(window, button->rect().center());
+        const auto *save = step.frame.findChild<QPushButton *>(QStringLiteral("cmdSaveInitial"));
+        QWidget *window = save->window();
+        const QPoint place = save->mapTo(window, save->rect().center());
         QTest::mousePress(window->windowHandle(), Qt::LeftButton, {}, place);
         QCoreApplication::processEvents();
+        QVERIFY(reader.boxes().empty());
         QTest::mouseRelease(window->windowHandle(), Qt::LeftButton, {}, place);
         QTRY_VERIFY(!reader.boxes().empty());
         QCOMPARE(reader.take(), std::vector {warning("Please select the First Name!")});
