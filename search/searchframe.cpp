@@ -87,7 +87,6 @@ void SearchFrame::setUpCriteriaLists()
     // The wheel does not give a list the focus, and changes one only where it is: eventFilter().
     for (QComboBox *list : {m_ui->cboNameCondition, m_ui->cboOrigin, m_ui->cboAlphabet})
         list->setFocusPolicy(Qt::StrongFocus);
-    m_ui->cboOrigin->lineEdit()->setFocusPolicy(Qt::StrongFocus);
 
     // The part of the list that has the focus.
     m_ui->cboOrigin->lineEdit()->setAccessibleName(m_ui->cboOrigin->accessibleName());
