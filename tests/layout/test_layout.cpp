@@ -33,22 +33,6 @@ private Q_SLOTS:
         QCOMPARE(layout::screenClassOf(1600, 599), ScreenClass::Small);
     }
 
-    void changes_takeMeasuresFromControlsChangedBefore()
-    {
-        using Kind = layout::Measure::Kind;
-        const Placement designed[] = {{"a", 1, 2, 3, 4}, {"b", 5, 6, 7, 8}};
-        const layout::Change changes[] = {
-            {"b", {}, {Kind::Grow, 10}, {Kind::Fixed, 50}, {}},
-            {"a",
-             {Kind::Fixed, 9},
-             {Kind::TopOf, 0, "b"},
-             {Kind::WidthOf, -1, "b"},
-             {Kind::HeightOf, 2, "b"}},
-        };
-        const std::vector<Placement> expected {{"a", 9, 16, 49, 10}, {"b", 5, 16, 50, 8}};
-        QVERIFY(layout::changed(designed, changes) == expected);
-    }
-
     /// Each row has a control with its top, width and height; "+" adds to the designed measure, "-"
     /// is free.
     void largeAndSmallLayouts_haveTheirMeasures_data()
