@@ -55,6 +55,7 @@ void BoxReader::answerOpenBox()
     if (!box || !box->isVisible())
         return;
     m_boxes.push_back({box->icon(), box->windowTitle(), box->text()});
+    m_lastWindow = box->parentWidget();
     QAbstractButton *button = box->button(m_answer);
     (button                 ? button
      : box->defaultButton() ? box->defaultButton()

@@ -40,6 +40,8 @@ public:
     const std::vector<Box> &boxes() const { return m_boxes; }
     /// What was said since the last call.
     std::vector<Box> take();
+    /// The window that the last box belonged to; null if it had none.
+    QWidget *lastWindow() const { return m_lastWindow; }
 
 private:
     void answerOpenBox();
@@ -47,6 +49,7 @@ private:
     QMessageBox::StandardButton m_answer;
     QTimer m_timer;
     std::vector<Box> m_boxes;
+    QWidget *m_lastWindow = nullptr;
 };
 
 } // namespace support
