@@ -4,7 +4,7 @@
 
 # What building and running the program takes; ICU is the tests', which are configured with the rest.
 build_packages=(g++ cmake ninja-build ccache qt6-base-dev qt6-webengine-dev libgl-dev
-    libsqlitecpp-dev libsqlite3-dev libqpdf-dev libicu-dev fonts-dejavu-core)
+    libsqlitecpp-dev libsqlite3-dev libicu-dev fonts-dejavu-core)
 # What the tests take besides.
 test_packages=(poppler-utils clang libclang-rt-dev strace
     xvfb openbox xdotool dbus at-spi2-core python3-pyatspi)
