@@ -264,21 +264,20 @@ private Q_SLOTS:
     /// First names and initials stay whole beside all that people write, and the file has a title.
     void printing_breaksNoNames()
     {
+        const QString endless(90, u'q');
         const ReportFolder folder(
             {fullName(QStringLiteral("'Aleksandra','Margaret Elizabeth Josephine','Cholmondeley "
-                                     "Featherstonehaugh','K. L. Bartholomew',"
-                                     "'AMCK. L. Bartholomew'")),
+                                     "Featherstonehaugh','K. L. B.','AMCK. L. B.'")),
              fullName(QStringLiteral("'Maaike','Oluwaseun','Van den Broeck','S.J.','MOVS.J.'")),
-             fullName(u"'Eva','" % QString(90, u'q') % u"','Ng','','EqN'")});
+             fullName(QStringLiteral("'Eva','%1','%1','%1','Eqq%1'").arg(endless))});
         Report report(PrintReportType::Initial);
         const QString file = folder.file(QStringLiteral("names.pdf"));
         report.print(file);
         const QString text = pdfText(file);
-        for (const char *whole :
-             {"Aleksandra", "AMCK. L. Bartholomew", "Maaike", "MOVS.J.", "Eva", "EqN", "Oluwaseun",
-              "Josephine", "Cholmondeley", "Featherstonehaugh"})
+        for (const char *whole : {"Aleksandra", "AMCK. L. B.", "Maaike", "MOVS.J.", "Eva",
+                                  "Oluwaseun", "Josephine", "Cholmondeley", "Featherstonehaugh"})
             QVERIFY2(text.contains(QLatin1String(whole)), qPrintable(text));
-        QCOMPARE(text.count(u'q'), 91);
+        QCOMPARE(text.count(u'q'), 4 * endless.size() + 2); // nothing beyond the edge
         QProcess reader;
         reader.start(QStringLiteral("pdfinfo"), {file});
         reader.waitForFinished();
