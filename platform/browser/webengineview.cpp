@@ -11,6 +11,7 @@
 #include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <QWebEngineProfile>
 #include <QWebEngineView>
@@ -77,7 +78,7 @@ WebEngineView::WebEngineView(QWidget *parent)
         // The part of the view that has the focus; the browser may have made a new one.
         if (QWidget *inner = m_view->focusProxy())
             inner->installEventFilter(this);
-        tellFocus(true);
+        tellFocus(true, 30);
         Q_EMIT documentComplete();
     });
     // When the browser has dealt with its loss itself.
@@ -142,17 +143,25 @@ bool WebEngineView::isPrinting() const
 bool WebEngineView::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::FocusIn)
-        tellFocus(false);
+        tellFocus(false, 1);
     return PaneView::eventFilter(watched, event);
 }
 
 /// Only when Tab leads from control to control into the page does the browser tell a screen reader
-/// where the focus is; else that hears of a part of the view that has no name.
-void WebEngineView::tellFocus(bool isNewDocument)
+/// where the focus is; else that hears of a part of the view that has no name. What a new document
+/// holds is there for screen readers only some time after it is shown.
+/// @param looks  how many times to look for it
+void WebEngineView::tellFocus(bool isNewDocument, int looks)
 {
-    const auto tell = [this, isNewDocument] {
+    constexpr int wait = 100; // milliseconds
+    const auto tell = [this, isNewDocument, looks] {
         QAccessibleInterface *view = QAccessible::queryAccessibleInterface(m_view);
         QAccessibleInterface *document = view && hasFocus() ? view->child(0) : nullptr;
+        const bool isThere = document && document->childCount() > 0;
+        if (isNewDocument && hasFocus() && !isThere && looks > 1) {
+            QTimer::singleShot(wait, this, [this, looks] { tellFocus(true, looks - 1); });
+            return;
+        }
         // Else the focus may be on a link in it. A new document has it itself, but may not say so
         // yet.
         if (document && (isNewDocument || document->state().focused)) {

@@ -34,7 +34,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void tellFocus(bool isNewDocument);
+    void tellFocus(bool isNewDocument, int looks);
 
     std::shared_ptr<QWebEngineProfile> m_profile;
     QWebEngineView *m_view;
