@@ -235,10 +235,10 @@ void frmInfo::focusPage()
 {
     switch (m_tabs->currentIndex()) {
     case ThingsTab:
-        m_things->setFocus();
+        m_things->takeFocus();
         break;
     case PopularTab:
-        m_popular->setFocus();
+        m_popular->takeFocus();
         break;
     case SearchTab:
         m_search->takeFocus();
@@ -250,7 +250,7 @@ void frmInfo::focusPage()
             m_worksheet->setFocus();
         break;
     case HelpTab:
-        m_help->setFocus();
+        m_help->takeFocus();
         break;
     case AboutTab:
         m_about->takeFocus();

@@ -24,7 +24,7 @@ AboutFrame::AboutFrame(QWidget *parent)
 
 void AboutFrame::takeFocus()
 {
-    m_page->setFocus();
+    m_page->takeFocus();
 }
 
 void AboutFrame::DisplayAbout()

@@ -33,5 +33,5 @@ void PageWindow::showPage()
     }
     bringToFront();
     if (isOpening)
-        pane().setFocus();
+        pane().takeFocus();
 }

@@ -33,6 +33,12 @@ void BrowserPane::navigateToBlank(const BlankDocument &document)
     loadContent();
 }
 
+void BrowserPane::takeFocus()
+{
+    m_isFocusDue = m_isLoading;
+    setFocus();
+}
+
 void BrowserPane::setInnerHtml(const QString &html)
 {
     if (m_view)
@@ -62,7 +68,7 @@ void BrowserPane::makeView()
     m_view = makePaneView(this);
     layout()->addWidget(m_view);
     setFocusProxy(m_view);
-    connect(m_view, &PaneView::documentComplete, this, &BrowserPane::documentComplete);
+    connect(m_view, &PaneView::documentComplete, this, &BrowserPane::complete);
     connect(m_view, &PaneView::documentLost, this, &BrowserPane::recover);
     // The view is still in the middle of something.
     connect(m_view, &PaneView::unusable, this, &BrowserPane::replaceView, Qt::QueuedConnection);
@@ -70,6 +76,14 @@ void BrowserPane::makeView()
     connect(m_view, &PaneView::printStarted, this, &BrowserPane::printStarted);
     connect(m_view, &PaneView::printFinished, this, &BrowserPane::printFinished);
     loadContent();
+}
+
+void BrowserPane::complete()
+{
+    m_isLoading = false;
+    if (std::exchange(m_isFocusDue, false) && isVisible() && !hasFocus())
+        setFocus();
+    Q_EMIT documentComplete();
 }
 
 void BrowserPane::replaceView()
@@ -94,6 +108,7 @@ void BrowserPane::loadContent()
 {
     if (!m_view)
         return;
+    m_isLoading = true;
     m_view->setAccessibleName(accessibleName());
     if (m_blank)
         m_view->showBlank(*m_blank);

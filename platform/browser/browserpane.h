@@ -62,6 +62,10 @@ public:
     /// Shows an empty document. When documentComplete() comes, it is there to be filled.
     void navigateToBlank(const BlankDocument &document);
 
+    /// Gives the page the focus, and does so again when a page that is being loaded is complete:
+    /// the browser may lose the focus with the part of it that had it.
+    void takeFocus();
+
     /// Fills the body of the document. The scripts that it allows then run.
     void setInnerHtml(const QString &html);
 
@@ -90,6 +94,7 @@ protected:
 
 private:
     void makeView();
+    void complete();
     void replaceView();
     void loadContent();
     void recover();
@@ -97,7 +102,9 @@ private:
     PaneView *m_view = nullptr; ///< null until the pane is first seen
     QString m_path;
     std::optional<BlankDocument> m_blank; ///< what is shown in the place of the file
-    bool m_mayRecover = false;            ///< once; a page may be the reason for its own loss
+    bool m_isLoading = false;
+    bool m_isFocusDue = false; ///< when the page is complete
+    bool m_mayRecover = false; ///< once; a page may be the reason for its own loss
 };
 
 } // namespace browser
