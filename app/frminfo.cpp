@@ -9,6 +9,7 @@
 #include "platform/browser/browserpane.h"
 #include "platform/dialogs/messagebox.h"
 #include "platform/dialogs/waitcursor.h"
+#include "platform/grid/typedtext.h"
 #include "reports/aboutframe.h"
 #include "reports/frmprinttopn.h"
 #include "reports/pagefiles.h"
@@ -263,12 +264,8 @@ void frmInfo::focusPage()
 /// Whether a key that the tab strip has no use for has one in the page that it shows.
 bool frmInfo::isKeyOfPage(const QKeyEvent &key) const
 {
-    if (m_tabs->currentIndex() == SearchTab) {
-        const bool isCommand =
-            key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
-        const QString text = key.text().trimmed();
-        return !isCommand && !text.isEmpty() && text.front().isPrint();
-    }
+    if (m_tabs->currentIndex() == SearchTab)
+        return !grid::typedText(key).trimmed().isEmpty();
     switch (key.key()) {
     case Qt::Key_Up:
     case Qt::Key_Down:

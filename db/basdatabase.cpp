@@ -108,6 +108,16 @@ bool ExecuteSQL(const QString &inpSQL)
     }
 }
 
+bool RewriteTable(const QString &inpTable, const QStringList &inpStatements)
+{
+    if (!ExecuteSQL(u"delete from " % inpTable))
+        return false;
+    bool haveAllSucceeded = true;
+    for (const QString &statement : inpStatements)
+        haveAllSucceeded = ExecuteSQL(statement) && haveAllSucceeded;
+    return haveAllSucceeded;
+}
+
 QString LastErrorText()
 {
     return lastErrorText;

@@ -5,6 +5,8 @@
 
 #include "platform/access/recordset.h"
 
+#include <QStringList>
+
 #include <functional>
 #include <optional>
 
@@ -35,6 +37,12 @@ QString GetFieldValue(const QString &inpSQL);
 
 /// Runs a statement that changes something; true on success.
 bool ExecuteSQL(const QString &inpSQL);
+
+/// Empties a table and fills it anew. Each statement commits by itself, and each that fails has
+/// told why; the others still run. Only where the table can't be emptied nothing more is run, since
+/// its rows would then be there twice.
+/// @return whether all statements have succeeded
+bool RewriteTable(const QString &inpTable, const QStringList &inpStatements);
 
 /// What the last failing statement of ExecuteSQL was told, as "number : description", the number
 /// being the engine's own.

@@ -69,15 +69,15 @@ bool SearchFrame::ErrorFree()
 void SearchFrame::UpdateToDB()
 {
     // A statement that fails tells why; nothing is said to be saved then.
-    const bool isSaved = basDatabase::ExecuteSQL(QStringLiteral("delete from tblresult"))
-                         && basDatabase::ExecuteSQL(QStringLiteral(
-                             "insert into tblresult(name_desc, name_orgid, name_sex, name_meaning, "
-                             "name_first, name_select) "
-                             "select name_desc, org_desc, name_sex, meaning_name, name_first, "
-                             "name_select from tblmaster, tblmeaning, tblorg "
-                             "where name_mid = meaning_id "
-                             "and name_orgid = org_id "
-                             "and name_select = 'Y' "));
+    const bool isSaved = basDatabase::RewriteTable(
+        QStringLiteral("tblresult"),
+        {QStringLiteral("insert into tblresult(name_desc, name_orgid, name_sex, name_meaning, "
+                        "name_first, name_select) "
+                        "select name_desc, org_desc, name_sex, meaning_name, name_first, "
+                        "name_select from tblmaster, tblmeaning, tblorg "
+                        "where name_mid = meaning_id "
+                        "and name_orgid = org_id "
+                        "and name_select = 'Y' ")});
     if (!isSaved)
         return;
     dialogs::showMessage(QStringLiteral("Record selected saved!"), dialogs::Icon::Information,

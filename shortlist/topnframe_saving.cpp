@@ -45,23 +45,19 @@ void TopNFrame::UpdateTopNToDB()
     Q_EMIT nextRequested();
 }
 
-/// The statements commit one by one, and each that fails has told why. Where the old ranking can't
-/// be deleted nothing is inserted, since it would then be there twice.
 bool TopNFrame::saveRanking()
 {
-    if (!basDatabase::ExecuteSQL(QStringLiteral("delete from tbltopn")))
-        return false;
-    bool isAllSaved = true;
+    QStringList statements;
     for (const Ranks *ranks : {&m_previous, &m_result}) {
         for (int row = 1; row < ranks->grid->rowCount(); ++row) {
             const RankedName ranked = rankedName(*ranks, row);
             if (ranked.rank != noRank)
-                isAllSaved = basDatabase::ExecuteSQL(rankInsert(ranked)) && isAllSaved;
+                statements.append(rankInsert(ranked));
             else if (ranks->offersNone)
-                isAllSaved = basDatabase::ExecuteSQL(fullNamesDelete(ranked.name)) && isAllSaved;
+                statements.append(fullNamesDelete(ranked.name));
         }
     }
-    return isAllSaved;
+    return basDatabase::RewriteTable(QStringLiteral("tbltopn"), statements);
 }
 
 bool TopNFrame::isSavedBefore(QStringView action)

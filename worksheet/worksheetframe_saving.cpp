@@ -56,19 +56,14 @@ void WorksheetFrame::UpdateInitialToDB()
     DisplayInitialRecord();
 }
 
-/// The statements commit one by one, and each that fails has told why. Where the old rows can't be
-/// deleted nothing is inserted, since they would then be there twice.
 bool WorksheetFrame::saveRows()
 {
-    if (!basDatabase::ExecuteSQL(QStringLiteral("delete from tblinitial")))
-        return false;
-    bool isAllSaved = true;
+    QStringList statements;
     for (int row = 1; row < m_ui->msfInitial->rowCount(); ++row) {
-        const FullName name = fullName(row);
-        if (!name.first.isEmpty())
-            isAllSaved = basDatabase::ExecuteSQL(fullNameInsert(name)) && isAllSaved;
+        if (const FullName name = fullName(row); !name.first.isEmpty())
+            statements.append(fullNameInsert(name));
     }
-    return isAllSaved;
+    return basDatabase::RewriteTable(QStringLiteral("tblinitial"), statements);
 }
 
 void WorksheetFrame::goBack()

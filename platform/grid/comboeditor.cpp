@@ -3,6 +3,8 @@
 
 #include "platform/grid/comboeditor.h"
 
+#include "platform/grid/typedtext.h"
+
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QKeyEvent>
@@ -74,11 +76,11 @@ bool ComboEditor::handleListKey(const QKeyEvent &event)
                                                  : QAbstractItemDelegate::EditPreviousItem);
         return true;
     }
-    if (event.text().isEmpty() || !event.text().front().isPrint())
-        return false;
+    const QString typed = typedText(event);
     // What has been typed is chosen, also if the list is then left by a click elsewhere.
-    search(event.text());
-    return true;
+    if (!typed.isEmpty())
+        search(typed);
+    return !typed.isEmpty();
 }
 
 } // namespace grid

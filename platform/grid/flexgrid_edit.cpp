@@ -5,6 +5,7 @@
 #include "platform/grid/flexgrid.h"
 #include "platform/grid/griddelegate.h"
 #include "platform/grid/gridmodel.h"
+#include "platform/grid/typedtext.h"
 
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -12,20 +13,6 @@
 #include <QScopedValueRollback>
 
 namespace grid {
-
-/// The key's text if it is one that would be typed into an editor, else empty.
-static QString printableText(const QKeyEvent &event)
-{
-    const QString text = event.text();
-    const QList<uint> characters = text.toUcs4();
-    if (characters.isEmpty() || !QChar::isPrint(characters.front()))
-        return {};
-    // Both together are AltGr on some keyboards.
-    const Qt::KeyboardModifiers commands =
-        event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
-    const bool typing = !commands || commands == (Qt::ControlModifier | Qt::AltModifier);
-    return typing ? text : QString();
-}
 
 static bool asksForEdit(const QKeyEvent &event)
 {
@@ -173,7 +160,7 @@ void FlexGrid::hideEvent(QHideEvent *event)
 
 void FlexGrid::keyPressEvent(QKeyEvent *event)
 {
-    const QString typed = printableText(*event);
+    const QString typed = typedText(*event);
     if (typed.isEmpty() && !asksForEdit(*event)) {
         QTableView::keyPressEvent(event);
         return;
